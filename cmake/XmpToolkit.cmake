@@ -1,0 +1,44 @@
+# The XMP Toolkit's core (XMPCore), built from source as the static library xmp_toolkit.
+
+set(XMP_TOOLKIT_SOURCE_DIR "" CACHE PATH "Root of an XMP Toolkit SDK source tree")
+set(toolkit "${XMP_TOOLKIT_SOURCE_DIR}")
+if(NOT toolkit)
+  set(toolkit "${PROJECT_SOURCE_DIR}/.deps/xmp-toolkit")
+endif()
+if(NOT EXISTS "${toolkit}/XMPCore/source/XMPCore_Impl.hpp")
+  message(FATAL_ERROR
+    "No XMP Toolkit source tree at '${toolkit}'.\n"
+    "On Debian 12, scripts/setup fetches one. Elsewhere, pass "
+    "-DXMP_TOOLKIT_SOURCE_DIR=<dir>, where <dir> is an XMP Toolkit SDK tree: "
+    "it holds XMPCore/, public/include/, source/ and third-party/zuid/.")
+endif()
+message(STATUS "XMP Toolkit: ${toolkit}")
+
+find_package(EXPAT REQUIRED)
+find_package(Threads REQUIRED)
+
+file(GLOB toolkit_core CONFIGURE_DEPENDS "${toolkit}/XMPCore/source/*.cpp")
+add_library(xmp_toolkit STATIC
+  ${toolkit_core}
+  "${toolkit}/source/UnicodeConversions.cpp"
+  "${toolkit}/source/XML_Node.cpp"
+  "${toolkit}/source/XMP_LibUtils.cpp"
+  "${toolkit}/third-party/zuid/interfaces/MD5.cpp"
+  "${PROJECT_SOURCE_DIR}/src/core/toolkit_glue.cpp")
+
+# The client glue and src/core/tree.cpp share these with the toolkit: its headers change with them.
+target_compile_definitions(xmp_toolkit PUBLIC
+  UNIX_ENV=1 XMP_StaticBuild=1 _FILE_OFFSET_BITS=64 TXMP_STRING_TYPE=std::string
+  XMP_COMPONENT_INT_NAMESPACE=AdobeXMPCore_Int BanAllEntityUsage=1)
+target_include_directories(xmp_toolkit SYSTEM PUBLIC
+  "${toolkit}" "${toolkit}/public/include" "${toolkit}/XMPCore"
+  "${toolkit}/third-party/zuid/interfaces")
+target_compile_options(xmp_toolkit PRIVATE -w -funsigned-char)
+if(VXXMPLIB_SANITIZE MATCHES undefined)
+  # Its getter of booleans copies an unset one for an absent property; we do not use that getter.
+  target_compile_options(xmp_toolkit PRIVATE -fno-sanitize=bool)
+endif()
+target_link_libraries(xmp_toolkit PUBLIC EXPAT::EXPAT Threads::Threads)
+set_target_properties(xmp_toolkit PROPERTIES CXX_STANDARD 14 CXX_EXTENSIONS ON CXX_CLANG_TIDY "")
+set(XMP_TOOLKIT_PUBLIC_INCLUDE "${toolkit}/public/include")
+set(XMP_TOOLKIT_SAMPLES "${toolkit}/samples/testfiles")

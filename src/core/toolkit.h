@@ -1,0 +1,31 @@
+// The doorway to the XMP Toolkit's client interface. Its headers are included here and nowhere
+// else (tree.cpp, which works on the toolkit's nodes, is the one other place that knows it).
+#pragma once
+
+#include <string>
+
+// XMP_Error's type must be one and the same inside and outside the shared library.
+#pragma GCC visibility push(default)
+#include "XMP_Const.h"
+#pragma GCC visibility pop
+
+#pragma GCC diagnostic push
+#pragma GCC diagnostic ignored "-Wconversion"
+#pragma GCC diagnostic ignored "-Wpedantic"
+#pragma GCC diagnostic ignored "-Wshadow"
+#include "XMP.hpp"
+#pragma GCC diagnostic pop
+
+namespace xmpl {
+
+using Metadata = TXMPMeta<std::string>;
+using ToolkitIterator = TXMPIterator<std::string>;
+using ToolkitUtils = TXMPUtils<std::string>;
+
+// XMP_Error borrows its text in some versions of the toolkit, and may carry none.
+inline std::string messageOf(const XMP_Error& error) {
+  const char* message = error.GetErrMsg();
+  return message == nullptr ? std::string() : std::string(message);
+}
+
+}  // namespace xmpl

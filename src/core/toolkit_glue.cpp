@@ -1,0 +1,4 @@
+// The one instantiation of the toolkit's client templates; compiled as part of the toolkit.
+#include <string>
+
+#include "XMP.incl_cpp"
