@@ -1,0 +1,161 @@
+// XMPlib: the production metadata of one document, kept as an XMP packet, read and written as
+// typed records.
+#ifndef XMPLIB_H
+#define XMPLIB_H
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+#include "xmpl/export.h"
+#include "xmpl/resources.h"
+
+template <class tStringObj>
+class TXMPMeta;  // the XMP Toolkit's metadata object
+
+// A handle onto one metadata object.
+//
+// The frame of every Get, Set and Merge; each operation states only where it departs from it:
+// - It empties the error text first, so ErrStr() tells about the last call only.
+// - A Get sets its outputs to their defaults before anything else. Defaults of records stand with
+//   their fields.
+// - Without a metadata object (after RemoveXAP, or a CreateXAP that threw) it answers false, and
+//   ErrStr() is "Illegal XAP".
+// - An error of the XMP Toolkit (XMP_Error) is caught: its message becomes the error text, the
+//   result is false. What was done before the error stays done: there is no rollback. Other
+//   exceptions (std::bad_alloc) pass to the caller.
+// - A scalar Get answers whether the property exists. Absence is no error.
+// - A Set answers true when all its writes were made. It replaces what was stored; a list is
+//   deleted and written anew, and an empty vector leaves an empty list.
+// - A list Get answers true when it read at least one item. It reads up to the first item that
+//   lacks a required field; that item and all behind it are left out.
+//
+// Texts are UTF-8 and stored unchanged, but for what XML cannot hold: control characters become
+// blanks, and a NUL ends the text. Text that is not UTF-8 is a toolkit error.
+// A real number is stored with at most 10 significant digits and without exponent.
+// Neither the process locale nor anything else outside the handle takes part in any of this.
+//
+// Threads: handles may be made, copied and destroyed on any threads at once. One handle, and all
+// handles that share its metadata object, belong to one thread at a time.
+class XMPLIB_API XMPlib {
+ public:
+  // --- The handle -----------------------------------------------------------------------------
+
+  // A handle onto a new, empty metadata object. The first handle of a process starts the XMP
+  // Toolkit, which is never stopped. Throws XMP_Error when the toolkit or the object cannot start.
+  XMPlib();
+
+  // A second handle onto the same metadata object: each sees the other's changes. Its error text
+  // starts empty. The source is not changed.
+  XMPlib(XMPlib& other);
+
+  // The metadata object goes with its last handle.
+  ~XMPlib();
+
+  XMPlib& operator=(const XMPlib&) = delete;
+
+  // The error text of the last operation; empty when it met no error. The reference holds as long
+  // as the handle, its text until the next operation.
+  const std::string& ErrStr() const;
+
+  // Replaces the handle's metadata object by a new, empty one. Other handles that share the old
+  // object keep it. Throws as the constructor does; the handle is then without metadata.
+  void CreateXAP();
+
+  // Takes the metadata object from this handle. Deliberately takes no lock: no other thread may
+  // make, copy or destroy a handle meanwhile.
+  void RemoveXAP();
+
+  // --- Packet text ----------------------------------------------------------------------------
+
+  // Replaces the metadata by the packet in `text` (with or without packet wrapper). Handles that
+  // shared the old metadata object keep it. Always answers true: a packet that cannot be parsed
+  // shows in ErrStr() alone, and leaves this handle with what the toolkit made of it, normally
+  // nothing. An empty text is empty metadata, not an error. Throws as CreateXAP does.
+  bool SetXML(const std::string& text);
+
+  // The metadata as RDF, without packet wrapper. Empty without a metadata object (ErrStr() is
+  // empty then too) and after a toolkit error. The reference holds as long as the handle, its text
+  // until the next GetXML or GetXMLPacket.
+  const std::string& GetXML() const;
+
+  // As GetXML, as a writeable packet in its wrapper, with `padding` blanks for changes in place; 0
+  // or less is the toolkit's default padding, about 2,000. The first argument has no effect.
+  const std::string& GetXMLPacket(bool unused, int padding) const;
+
+  // Prints every node of the metadata to standard output, a line each: schema, path, value, option
+  // bits. For diagnosis. Leaves the error text alone; a toolkit error passes to the caller. Prints
+  // nothing without a metadata object.
+  void DumpXAP() const;
+
+  // Writes `value` as the simple property `propName` of the schema `schemaNS` (a URI), as every
+  // operation here writes a real: at most 10 significant digits, "9999999999" for ten or more
+  // integer digits, NaN and infinities. Leaves the error text alone; a toolkit error (XMP_Error)
+  // passes to the caller. Does nothing without a metadata object.
+  void SetProperty_Float(const char* schemaNS, const char* propName, double value);
+
+  // --- Document scalars -----------------------------------------------------------------------
+  // One value each. Before reading, a Get sets its output to 0, false or empty, or as said here.
+
+  bool GetNrPages(int& pages) const;
+  bool SetNrPages(int pages);
+
+  bool GetScreenReg(bool& registration) const;  // whether the document carries screen registration
+  bool SetScreenReg(bool registration);
+
+  bool GetIsTrapped(bool& trapped) const;
+  bool SetIsTrapped(bool trapped);
+
+  bool GetStartLogPage(int& page) const;  // the first logical page
+  bool SetStartLogPage(int page);
+
+  bool GetSmartID(std::string& id) const;  // absent: `id` keeps the caller's text
+  bool SetSmartID(const std::string& id);
+
+  bool GetRectoVerso(std::string& sides) const;  // absent: `sides` keeps the caller's text
+  bool SetRectoVerso(const std::string& sides);  // how the sides are printed
+
+  bool GetPDFNativeVersion(int& version) const;
+  bool SetPDFNativeVersion(int version);  // 0 deletes the property
+
+  bool GetPDFNativeType(std::string& type) const;
+  bool SetPDFNativeType(const std::string& type);
+
+  // The version of the RIP that made the native PDF; absent: "undetermined".
+  bool GetPDFNativeVindrelVersion(std::string& version) const;
+  bool SetPDFNativeVindrelVersion(const std::string& version);
+
+  bool GetDigitalFilmVersion(int& version) const;
+  bool SetDigitalFilmVersion(int version);
+
+  bool GetNrInksOriginalDocument(int& inks) const;
+  bool SetNrInksOriginalDocument(int inks);
+
+  bool GetDigitalJobVersion(int& version) const;
+  bool SetDigitalJobVersion(int version);
+
+  bool GetVDPVersion(int& version) const;  // variable-data content
+  bool SetVDPVersion(int version);         // 0 deletes the property
+
+  // --- Resources ------------------------------------------------------------------------------
+
+  bool GetSmartNames(std::vector<XMPlSmartName>& names) const;
+  bool SetSmartNames(const std::vector<XMPlSmartName>& names);
+
+ private:
+  template <class Body>
+  XMPLIB_LOCAL bool guarded(Body&& body) const;
+  template <class Body>
+  XMPLIB_LOCAL bool guardedPassingToolkitErrors(Body&& body) const;
+  template <class Call>
+  XMPLIB_LOCAL bool framed(Call&& call) const;
+  XMPLIB_LOCAL const std::string& serialise(unsigned int options, int padding) const;
+  XMPLIB_LOCAL void release();
+
+  std::int32_t slot = -1;                 // of the registry; -1: none
+  TXMPMeta<std::string>* meta = nullptr;  // owned by the registry; null: no metadata
+  mutable std::string errStr;
+  mutable std::string xml;
+};
+
+#endif

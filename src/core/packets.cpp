@@ -1,0 +1,59 @@
+// Packet text in and out.
+#include <algorithm>
+#include <cstdio>
+
+#include "XMPlib.h"
+#include "core/toolkit.h"
+
+namespace {
+
+// The toolkit takes malformed XML and RDF for recoverable and stays silent, unless a callback
+// refuses to recover: then it throws.
+bool refuseToRecover(void*, XMP_ErrorSeverity, XMP_Int32, XMP_StringPtr) { return false; }
+
+void parse(xmpl::Metadata& metadata, const std::string& text) {
+  metadata.SetErrorCallback(refuseToRecover);
+  metadata.ParseFromBuffer(text.data(), static_cast<XMP_StringLen>(text.size()), 0);
+}
+
+}  // namespace
+
+bool XMPlib::SetXML(const std::string& text) {
+  CreateXAP();
+  try {
+    parse(*meta, text);
+  } catch (const XMP_Error& error) {
+    errStr = xmpl::messageOf(error);
+  }
+  return true;  // Deliberate: a failed parse shows in the error text alone.
+}
+
+const std::string& XMPlib::GetXML() const { return serialise(kXMP_OmitPacketWrapper, 0); }
+
+const std::string& XMPlib::GetXMLPacket(bool, int padding) const {
+  return serialise(0, std::max(padding, 0));
+}
+
+const std::string& XMPlib::serialise(unsigned int options, int padding) const {
+  errStr.clear();
+  xml.clear();
+  if (meta == nullptr) return xml;
+  try {
+    meta->SerializeToBuffer(&xml, options, static_cast<XMP_StringLen>(padding), "", "", 0);
+  } catch (const XMP_Error& error) {
+    errStr = xmpl::messageOf(error);
+  }
+  return xml;
+}
+
+void XMPlib::DumpXAP() const {
+  if (meta == nullptr) return;
+  xmpl::ToolkitIterator nodes(*meta, "", "", 0);
+  std::string schema;
+  std::string path;
+  std::string value;
+  XMP_OptionBits options = 0;
+  while (nodes.Next(&schema, &path, &value, &options)) {
+    std::printf("%s %s = \"%s\", 0x%X\n", schema.c_str(), path.c_str(), value.c_str(), options);
+  }
+}

@@ -1,0 +1,47 @@
+#include "core/registry.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "core/namespaces.h"
+
+namespace xmpl {
+
+MetaRegistry& MetaRegistry::instance() {
+  static MetaRegistry& registry = *new MetaRegistry;
+  return registry;
+}
+
+void MetaRegistry::startToolkit() {
+  if (toolkitStarted_) return;
+  if (!Metadata::Initialize()) {
+    throw XMP_Error(kXMPErr_InternalFailure, "The XMP Toolkit did not start");
+  }
+  // Before the first parse: the toolkit never forgets a prefix that a packet bound first.
+  registerNamespaces();
+  toolkitStarted_ = true;
+}
+
+std::int32_t MetaRegistry::add() {
+  const std::size_t slot = lowestFreeSlot();
+  auto meta = std::make_unique<Metadata>();
+  if (slot == entries_.size()) entries_.emplace_back();
+  entries_[slot] = {std::move(meta), 1};
+  return static_cast<std::int32_t>(slot);
+}
+
+void MetaRegistry::share(std::int32_t slot) { ++entry(slot).refcount; }
+
+void MetaRegistry::release(std::int32_t slot) {
+  MetaEntry& released = entry(slot);
+  if (--released.refcount <= 0) released.meta.reset();
+}
+
+std::size_t MetaRegistry::lowestFreeSlot() const {
+  const auto free = std::find_if(entries_.begin(), entries_.end(), [](const MetaEntry& candidate) {
+    return candidate.refcount <= 0;
+  });
+  return static_cast<std::size_t>(free - entries_.begin());
+}
+
+}  // namespace xmpl
