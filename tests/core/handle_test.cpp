@@ -1,0 +1,136 @@
+#include <gtest/gtest.h>
+
+#include <memory>
+#include <thread>
+#include <vector>
+
+#include "core/namespaces.h"
+#include "core/registry.h"
+#include "support/packets.h"
+
+using xmpl::MetaRegistry;
+
+namespace {
+
+std::size_t slotsInUse() {
+  const MetaRegistry& registry = MetaRegistry::instance();
+  std::size_t used = 0;
+  for (std::size_t slot = 0; slot < registry.size(); ++slot) {
+    if (registry.holders(static_cast<std::int32_t>(slot)) > 0) ++used;
+  }
+  return used;
+}
+
+}  // namespace
+
+TEST(Handle, ReusesTheLowestFreeSlot) {
+  const MetaRegistry& registry = MetaRegistry::instance();
+  auto a = std::make_unique<XMPlib>();
+  auto b = std::make_unique<XMPlib>();
+  auto c = std::make_unique<XMPlib>();
+  const std::size_t slots = registry.size();
+  b.reset();
+  XMPlib d;
+  EXPECT_EQ(registry.size(), slots);
+  XMPlib e;
+  EXPECT_EQ(registry.size(), slots + 1);
+}
+
+TEST(Handle, RecreatedAsSoleHolderKeepsItsSlot) {
+  XMPlib a;
+  const std::size_t used = slotsInUse();
+  const std::size_t slots = MetaRegistry::instance().size();
+  a.CreateXAP();
+  EXPECT_EQ(slotsInUse(), used);
+  EXPECT_EQ(MetaRegistry::instance().size(), slots);
+}
+
+TEST(Handle, CopiesShareOneObjectUntilOneLoadsAPacket) {
+  auto a = std::make_unique<XMPlib>();
+  const std::size_t used = slotsInUse();
+  XMPlib copy(*a);
+  EXPECT_EQ(slotsInUse(), used);
+  EXPECT_TRUE(a->SetNrPages(3));
+  int pages = 0;
+  EXPECT_TRUE(copy.GetNrPages(pages));
+  EXPECT_EQ(pages, 3);
+
+  XMPlib third(copy);
+  third.SetXML(packet("<vxGr:nrpages>9</vxGr:nrpages>"));
+  EXPECT_TRUE(copy.GetNrPages(pages));
+  EXPECT_EQ(pages, 3);
+
+  a.reset();
+  EXPECT_TRUE(copy.GetNrPages(pages));
+  EXPECT_EQ(pages, 3);
+}
+
+TEST(Handle, CopyStartsWithoutErrorText) {
+  Loaded a("<vxGr:nrpages>many</vxGr:nrpages>");
+  int pages = 0;
+  a.GetNrPages(pages);
+  EXPECT_EQ(a.ErrStr(), "Invalid integer string");
+  EXPECT_EQ(XMPlib(a).ErrStr(), "");
+}
+
+TEST(Handle, WithoutMetadataRefusesAndRecovers) {
+  const std::size_t used = slotsInUse();
+  {
+    Empty empty;
+    EXPECT_EQ(slotsInUse(), used);
+    EXPECT_FALSE(empty.SetNrPages(1));
+    EXPECT_EQ(empty.ErrStr(), "Illegal XAP");
+    EXPECT_EQ(empty.GetXML(), "");
+    EXPECT_EQ(empty.ErrStr(), "");
+    empty.DumpXAP();
+    EXPECT_FALSE(XMPlib(empty).SetNrPages(1));
+    empty.RemoveXAP();
+    empty.CreateXAP();
+    EXPECT_TRUE(empty.SetNrPages(1));
+  }
+  EXPECT_EQ(slotsInUse(), used);
+}
+
+TEST(Handle, LivesAndDiesOnManyThreadsAtOnce) {
+  const std::size_t used = slotsInUse();
+  XMPlib shared;
+  std::vector<std::thread> threads;
+  threads.reserve(8);
+  for (int t = 0; t < 8; ++t) {
+    threads.emplace_back([&shared, t] {
+      for (int i = 0; i < 50; ++i) {
+        XMPlib own;
+        own.SetNrPages(t);
+        XMPlib copy(own);
+        XMPlib sharing(shared);
+        own.SetXML(copy.GetXML());
+        int pages = -1;
+        EXPECT_TRUE(own.GetNrPages(pages));
+        EXPECT_EQ(pages, t);
+      }
+    });
+  }
+  for (std::thread& thread : threads) thread.join();
+  EXPECT_EQ(slotsInUse(), used + 1);
+}
+
+TEST(Namespaces, HaveThePrefixesOfTheTable) {
+  XMPlib xmp;
+  for (const xmpl::Namespace& row : xmpl::kNamespaces) {
+    std::string prefix;
+    ASSERT_TRUE(xmpl::Metadata::GetNamespacePrefix(row.uri, &prefix)) << row.uri;
+    EXPECT_EQ(prefix, std::string(row.prefix) + ":");
+  }
+}
+
+TEST(Namespaces, OfAPacketGiveWayToTheTable) {
+  XMPlib xmp;
+  xmp.SetXML(
+      "<rdf:RDF xmlns:rdf='http://www.w3.org/1999/02/22-rdf-syntax-ns#'>"
+      "<rdf:Description rdf:about='' xmlns:other='http://ns.orvo.example/xmp/grinfo/1.0/'"
+      " xmlns:vxGr='http://foreign.example/' other:nrpages='4' vxGr:nrpages='5'/></rdf:RDF>");
+  int pages = 0;
+  EXPECT_TRUE(xmp.GetNrPages(pages));
+  EXPECT_EQ(pages, 4);
+  EXPECT_NE(stored(xmp).find("<vxGr:nrpages>4<"), std::string::npos);
+}

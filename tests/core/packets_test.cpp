@@ -1,0 +1,72 @@
+#include <gtest/gtest.h>
+
+#include "support/packets.h"
+
+TEST(Packets, MalformedTextShowsInTheErrorTextAlone) {
+  XMPlib xmp;
+  EXPECT_TRUE(xmp.SetNrPages(3));
+  for (const char* text : {"<a", "plain", "<a></b>", "<a/><b/>", "\x01\x02"}) {
+    EXPECT_TRUE(xmp.SetXML(text));
+    EXPECT_EQ(xmp.ErrStr(), "XML parsing failure") << text;
+    EXPECT_EQ(stored(xmp), "");
+    EXPECT_EQ(xmp.ErrStr(), "");
+  }
+  EXPECT_TRUE(xmp.SetXML(packet("<vxGr:nrpages>1</vxGr:nrpages><vxGr:nrpages>2</vxGr:nrpages>")));
+  EXPECT_EQ(xmp.ErrStr(), "Duplicate property or field node");
+  EXPECT_TRUE(xmp.SetXML("<!DOCTYPE a [<!ENTITY b 'c'>]><a>&b;</a>"));
+  EXPECT_EQ(xmp.ErrStr(), "DOCTYPE is not allowed");
+}
+
+TEST(Packets, EmptyTextIsEmptyMetadata) {
+  Loaded xmp("<vxGr:nrpages>3</vxGr:nrpages>");
+  EXPECT_TRUE(xmp.SetXML(""));
+  EXPECT_EQ(xmp.ErrStr(), "");
+  EXPECT_EQ(stored(xmp), "");
+}
+
+TEST(Packets, ComeOutBareOrWrappedAndPadded) {
+  Loaded xmp("<vxGr:nrpages>3</vxGr:nrpages>");
+  EXPECT_EQ(xmp.GetXML().find("<x:xmpmeta"), 0U);
+  const std::string small = xmp.GetXMLPacket(true, 100);
+  EXPECT_EQ(xmp.GetXMLPacket(false, 100), small);
+  EXPECT_EQ(small.find("<?xpacket begin="), 0U);
+  EXPECT_NE(small.find("<?xpacket end=\"w\"?>"), std::string::npos);
+  EXPECT_EQ(xmp.GetXMLPacket(true, 1100).size(), small.size() + 1000);
+  EXPECT_EQ(xmp.GetXMLPacket(true, -5), xmp.GetXMLPacket(true, 0));
+  const std::string& buffer = xmp.GetXML();
+  xmp.GetXMLPacket(true, 1);
+  EXPECT_EQ(&buffer, &xmp.GetXML());
+}
+
+TEST(Packets, KeepWhatNoOperationManages) {
+  const std::string foreign =
+      "<vxImp:name>sheet</vxImp:name>"
+      "<vxImp:surfaces><rdf:Seq><rdf:li rdf:parseType=\"Resource\">"
+      "<vxSurf:side>front</vxSurf:side></rdf:li></rdf:Seq></vxImp:surfaces>"
+      "<vxDynCont:source>a&amp;b</vxDynCont:source>"
+      "<dc:title><rdf:Alt><rdf:li xml:lang=\"x-default\">T</rdf:li>"
+      "<rdf:li xml:lang=\"de\">D</rdf:li><rdf:li xml:lang=\"fr\">F</rdf:li></rdf:Alt></dc:title>";
+  Loaded first(foreign);
+  ASSERT_EQ(stored(first), foreign);
+  EXPECT_TRUE(first.SetNrPages(2));
+  EXPECT_TRUE(first.SetSmartNames({{"n", "v"}}));
+  XMPlib second;
+  second.SetXML(first.GetXMLPacket(false, 0));
+  EXPECT_TRUE(second.SetNrPages(3));
+  EXPECT_EQ(stored(second).find(foreign), 0U) << stored(second);
+}
+
+TEST(Packets, DumpPrintsEveryNode) {
+  Loaded xmp("<vxGr:nrpages>3</vxGr:nrpages>" +
+             list("vxSmNameL:smartnames", "Bag", {"<vxSmName:name>A</vxSmName:name>"}));
+  testing::internal::CaptureStdout();
+  xmp.DumpXAP();
+  EXPECT_EQ(testing::internal::GetCapturedStdout(),
+            "http://ns.orvo.example/xmp/grinfo/1.0/  = \"\", 0x80000000\n"
+            "http://ns.orvo.example/xmp/grinfo/1.0/ vxGr:nrpages = \"3\", 0x0\n"
+            "http://ns.orvo.example/xmp/smnamelist/1.0/  = \"\", 0x80000000\n"
+            "http://ns.orvo.example/xmp/smnamelist/1.0/ vxSmNameL:smartnames = \"\", 0x200\n"
+            "http://ns.orvo.example/xmp/smnamelist/1.0/ vxSmNameL:smartnames[1] = \"\", 0x100\n"
+            "http://ns.orvo.example/xmp/smnamelist/1.0/ vxSmNameL:smartnames[1]/vxSmName:name"
+            " = \"A\", 0x0\n");
+}

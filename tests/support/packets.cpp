@@ -1,0 +1,49 @@
+#include "support/packets.h"
+
+#include <algorithm>
+#include <sstream>
+
+#include "core/namespaces.h"
+
+std::string packet(const std::string& properties) {
+  std::string text =
+      "<x:xmpmeta xmlns:x='adobe:ns:meta/'>"
+      "<rdf:RDF xmlns:rdf='http://www.w3.org/1999/02/22-rdf-syntax-ns#'>"
+      "<rdf:Description rdf:about=''";
+  for (const xmpl::Namespace& row : xmpl::kNamespaces) {
+    text += " xmlns:" + std::string(row.prefix) + "='" + row.uri + "'";
+  }
+  return text + ">" + properties + "</rdf:Description></rdf:RDF></x:xmpmeta>";
+}
+
+std::string list(const std::string& array, const std::string& kind,
+                 const std::vector<std::string>& items) {
+  std::string text = "<" + array + "><rdf:" + kind + ">";
+  for (const std::string& item : items) {
+    text += "<rdf:li rdf:parseType=\"Resource\">" + item + "</rdf:li>";
+  }
+  return text + "</rdf:" + kind + "></" + array + ">";
+}
+
+std::string fields(const std::string& prefix, const std::vector<Field>& values) {
+  std::string text;
+  for (const auto& [name, value] : values) {
+    const std::string element = prefix + name;
+    text +=
+        value.empty() ? "<" + element + "/>" : "<" + element + ">" + value + "</" + element + ">";
+  }
+  return text;
+}
+
+std::string stored(const XMPlib& xmp) {
+  const std::string xml = xmp.GetXML();
+  const std::size_t open = xml.find('>', xml.find("<rdf:Description rdf:about=")) + 1;
+  const std::size_t close = xml.rfind("</rdf:Description>");
+  if (close == std::string::npos) return {};  // one empty element: nothing is stored
+  std::istringstream lines(xml.substr(open, close - open));
+  std::string text;
+  for (std::string line; std::getline(lines, line);) {
+    text += line.erase(0, std::min(line.find_first_not_of(' '), line.size()));
+  }
+  return text;
+}
