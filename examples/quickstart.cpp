@@ -1,0 +1,133 @@
+// quickstart FILE [-o PACKET]
+//
+// Takes the XMP packet out of a document (PDF, AI, EPS, INDD, TIFF, ... or a bare packet), shows
+// what it says as typed values, changes some, and prints the packet that comes back.
+#include <XMPlib.h>
+
+#include <fstream>
+#include <iostream>
+#include <iterator>
+#include <stdexcept>
+#include <string>
+
+namespace {
+
+std::string readFile(const std::string& path) {
+  std::ifstream file(path, std::ios::binary);
+  if (!file) throw std::runtime_error("cannot read " + path);
+  return {std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
+}
+
+// From the last `first` in `bytes` up to the end of the `last` behind it; empty if not there.
+std::string lastBetween(const std::string& bytes, const std::string& first,
+                        const std::string& last) {
+  const std::size_t begin = bytes.rfind(first);
+  if (begin == std::string::npos) return {};
+  const std::size_t end = bytes.find(last, begin);
+  return end == std::string::npos ? std::string() : bytes.substr(begin, end + last.size() - begin);
+}
+
+// Any program can find a packet without knowing the file's format. The last one counts: where a
+// file was saved incrementally, it is the current one. The trailer is written in one of two ways.
+std::string packetIn(const std::string& bytes) {
+  for (const char* trailer : {"<?xpacket end=\"w\"?>", "<?xpacket end='w'?>",
+                              "<?xpacket end=\"r\"?>", "<?xpacket end='r'?>"}) {
+    std::string packet = lastBetween(bytes, "<?xpacket begin=", trailer);
+    if (!packet.empty()) return packet;
+  }
+  return lastBetween(bytes, "<x:xmpmeta", "</x:xmpmeta>");
+}
+
+template <class Value>
+void show(const char* what, bool found, const Value& value) {
+  std::cout << "  " << what << ": ";
+  if (found) {
+    std::cout << value << '\n';
+  } else {
+    std::cout << "none\n";
+  }
+}
+
+void showScalars(const XMPlib& xmp) {
+  std::cout << "Document\n" << std::boolalpha;
+  int number = 0;
+  bool flag = false;
+  std::string text;
+  show("pages", xmp.GetNrPages(number), number);
+  show("trapped", xmp.GetIsTrapped(flag), flag);
+  show("first logical page", xmp.GetStartLogPage(number), number);
+  show("inks of the original document", xmp.GetNrInksOriginalDocument(number), number);
+  show("smart identifier", xmp.GetSmartID(text), text);
+  show("native PDF type", xmp.GetPDFNativeType(text), text);
+}
+
+void showSmartNames(const XMPlib& xmp) {
+  std::vector<XMPlSmartName> names;
+  xmp.GetSmartNames(names);
+  std::cout << "Smart names: " << names.size() << '\n';
+  for (const XMPlSmartName& name : names) {
+    std::cout << "  " << name.name << " = " << name.value << '\n';
+  }
+}
+
+void require(bool done, const XMPlib& xmp) {
+  if (!done) throw std::runtime_error(xmp.ErrStr());
+}
+
+void change(XMPlib& xmp) {
+  int pages = 0;
+  if (!xmp.GetNrPages(pages)) require(xmp.SetNrPages(1), xmp);
+  require(xmp.SetIsTrapped(true), xmp);
+  std::vector<XMPlSmartName> names;
+  xmp.GetSmartNames(names);
+  names.emplace_back();
+  names.back().name = "Proof";
+  names.back().value = "quickstart";
+  require(xmp.SetSmartNames(names), xmp);
+}
+
+void run(const std::string& input, const std::string& output) {
+  const std::string packet = packetIn(readFile(input));
+  if (packet.empty()) throw std::runtime_error("no XMP packet in " + input);
+
+  XMPlib xmp;
+  xmp.SetXML(packet);
+  if (!xmp.ErrStr().empty()) throw std::runtime_error("unreadable packet: " + xmp.ErrStr());
+  std::cout << input << ": a packet of " << packet.size() << " bytes\n";
+  showScalars(xmp);
+  showSmartNames(xmp);
+
+  change(xmp);
+  std::cout << "After the changes\n";
+  showScalars(xmp);
+  showSmartNames(xmp);
+
+  const std::string& changed = xmp.GetXMLPacket(false, 0);
+  if (output.empty()) {
+    std::cout << changed << '\n';
+  } else if (!(std::ofstream(output, std::ios::binary) << changed)) {
+    throw std::runtime_error("cannot write " + output);
+  }
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  std::string input;
+  std::string output;
+  for (int i = 1; i < argc; ++i) {
+    const bool hasOutput = std::string(argv[i]) == "-o" && i + 1 < argc;
+    (hasOutput ? output : input) = argv[hasOutput ? ++i : i];
+  }
+  if (input.empty()) {
+    std::cerr << "usage: quickstart FILE [-o PACKET]\n";
+    return 2;
+  }
+  try {
+    run(input, output);
+  } catch (const std::exception& error) {
+    std::cerr << "quickstart: " << error.what() << '\n';
+    return 1;
+  }
+  return 0;
+}

@@ -1,0 +1,113 @@
+# Shared by the scripts beside it: what the project needs and how it is had on Debian 12.
+# Sourced, not run.
+
+set -euo pipefail
+root=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)
+toolkit_dir="$root/.deps/xmp-toolkit"
+cd "$root"
+
+die() {
+  echo "${0##*/}: $*" >&2
+  exit 1
+}
+
+as_root() {
+  if [ "$(id -u)" -eq 0 ]; then
+    "$@"
+  elif command -v sudo >/dev/null; then
+    sudo "$@"
+  else
+    die "needs root or sudo to run: $*"
+  fi
+}
+
+# Runs a command that is of interest only when it fails; then its output is shown.
+quietly() {
+  local log status=0
+  log=$(mktemp)
+  "$@" >"$log" 2>&1 || status=$?
+  [ "$status" -eq 0 ] || cat "$log" >&2
+  rm -f "$log"
+  return "$status"
+}
+
+installed() {
+  dpkg-query -W -f '${Status}\n' "$1" 2>/dev/null | grep -q '^install ok installed$'
+}
+
+# need_packages NAME... installs the Debian packages that are missing.
+need_packages() {
+  local missing=() name
+  for name in "$@"; do
+    installed "$name" || missing+=("$name")
+  done
+  [ ${#missing[@]} -eq 0 ] && return
+  command -v apt-get >/dev/null || die "needs these packages (Debian's names): ${missing[*]}"
+  echo "Installing: ${missing[*]}"
+  quietly as_root apt-get update || die "could not update the package lists"
+  quietly as_root env DEBIAN_FRONTEND=noninteractive \
+    apt-get install -y --no-install-recommends "${missing[@]}" ||
+    die "could not install: ${missing[*]}"
+}
+
+# Writes Debian's own package sources, turned into source-package sources, into the folder $1.
+write_source_lists() {
+  local found=
+  if [ -f /etc/apt/sources.list.d/debian.sources ]; then
+    sed 's/^Types:.*/Types: deb-src/' /etc/apt/sources.list.d/debian.sources >"$1/debian.sources"
+    found=1
+  fi
+  if [ -f /etc/apt/sources.list ] && grep -q '^deb ' /etc/apt/sources.list; then
+    sed -n 's/^deb /deb-src /p' /etc/apt/sources.list >"$1/debian.list"
+    found=1
+  fi
+  [ -n "$found" ] || die "found no Debian package sources in /etc/apt"
+}
+
+# The toolkit's source tree, from Debian's source package, whose signature apt checks. Apt gets
+# folders of its own for this: the system's configuration stays as it is.
+need_toolkit() {
+  [ -d "$toolkit_dir" ] && return
+  echo "Fetching the XMP Toolkit's source package"
+  mkdir -p "$root/.deps"
+  local work options
+  work=$(mktemp -d "$root/.deps/fetch.XXXXXX")
+  trap 'rm -rf "$work"' EXIT
+  mkdir -p "$work/sources" "$work/lists/partial"
+  write_source_lists "$work/sources"
+  options=(-o Dir::Etc::sourcelist=/dev/null -o "Dir::Etc::sourceparts=$work/sources"
+    -o "Dir::State::lists=$work/lists" -o Dir::Cache::srcpkgcache= -o Dir::Cache::pkgcache=
+    -o APT::Sandbox::User=root)
+  quietly apt-get "${options[@]}" update || die "could not read the lists of source packages"
+  (cd "$work" && quietly apt-get "${options[@]}" source --download-only exempi) ||
+    die "could not download the source package exempi"
+  (cd "$work" && quietly dpkg-source -x exempi_*.dsc tree) ||
+    die "could not unpack the source package exempi"
+  mv "$work/tree" "$toolkit_dir"
+  rm -rf "$work"
+  trap - EXIT
+}
+
+# Everything a build needs.
+need_build_tools() {
+  need_packages g++ cmake ninja-build dpkg-dev libexpat1-dev "$@"
+  need_toolkit
+}
+
+need_test_tools() {
+  need_build_tools libgtest-dev libexempi-dev pkg-config binutils locales "$@"
+}
+
+# build PRESET [OPTION...] configures and builds build/PRESET, and shows output only of failures.
+build() {
+  local preset=$1
+  shift
+  echo "Building ($preset)"
+  quietly cmake --preset "$preset" "$@" || die "could not configure the build '$preset'"
+  quietly cmake --build --preset "$preset" || die "could not build '$preset'"
+}
+
+# Our own C++ files.
+source_files() {
+  git ls-files --cached --others --exclude-standard '*.h' '*.cpp'
+}
