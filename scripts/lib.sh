@@ -98,13 +98,14 @@ need_test_tools() {
   need_build_tools libgtest-dev libexempi-dev pkg-config binutils locales "$@"
 }
 
-# build PRESET [OPTION...] configures and builds build/PRESET, and shows output only of failures.
+# build PRESET TARGET [OPTION...] configures build/PRESET and builds TARGET in it, and shows output
+# only of failures.
 build() {
-  local preset=$1
-  shift
+  local preset=$1 target=$2
+  shift 2
   echo "Building ($preset)"
   quietly cmake --preset "$preset" "$@" || die "could not configure the build '$preset'"
-  quietly cmake --build --preset "$preset" || die "could not build '$preset'"
+  quietly cmake --build --preset "$preset" --target "$target" || die "could not build '$preset'"
 }
 
 # Our own C++ files.
