@@ -72,13 +72,13 @@ need_toolkit() {
   mkdir -p "$root/.deps"
   local work options
   work=$(mktemp -d "$root/.deps/fetch.XXXXXX")
-  trap 'rm -rf "$work"' EXIT
+  trap "rm -rf '$work'" EXIT
   mkdir -p "$work/sources" "$work/lists/partial"
   write_source_lists "$work/sources"
   options=(-o Dir::Etc::sourcelist=/dev/null -o "Dir::Etc::sourceparts=$work/sources"
     -o "Dir::State::lists=$work/lists" -o Dir::Cache::srcpkgcache= -o Dir::Cache::pkgcache=
     -o APT::Sandbox::User=root)
-  quietly apt-get "${options[@]}" update || die "could not read the lists of source packages"
+  quietly apt-get "${options[@]}" -o APT::Update::Error-Mode=any update || die "could not read the lists of source packages"
   (cd "$work" && quietly apt-get "${options[@]}" source --download-only exempi) ||
     die "could not download the source package exempi"
   (cd "$work" && quietly dpkg-source -x exempi_*.dsc tree) ||
