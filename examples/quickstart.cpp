@@ -48,7 +48,31 @@ void show(const char* what, bool found, const Value& value) {
   }
 }
 
-void showScalars(const XMPlib& xmp) {
+void showJob(const XMPlib& xmp) {
+  XMPlJobData job;
+  const bool hasJob = xmp.GetJobData(job);
+  show("job", hasJob, job.name + " [" + job.id + "], order " + job.orderid);
+  XMPlProdData product;
+  const bool hasProduct = xmp.GetProdData(product);
+  show("product", hasProduct, product.prodname + ", part " + product.prodpartname);
+}
+
+void showDocumentData(const XMPlib& xmp) {
+  XMPlDocData data;
+  const bool found = xmp.GetDocumentData(data);
+  show("created", found, data.createDate + " by " + data.creatorTool);
+  show("modified", found, data.modifyDate);
+  show("description", found, data.description);
+}
+
+void showDimensions(const XMPlib& xmp) {
+  XMPlDimDat page;
+  const bool found = xmp.GetDimDat(page);
+  show("page", found,
+       std::to_string(page.hsize) + " x " + std::to_string(page.vsize) + " " + page.units);
+}
+
+void showDocument(const XMPlib& xmp) {
   std::cout << "Document\n" << std::boolalpha;
   int number = 0;
   bool flag = false;
@@ -59,6 +83,9 @@ void showScalars(const XMPlib& xmp) {
   show("inks of the original document", xmp.GetNrInksOriginalDocument(number), number);
   show("smart identifier", xmp.GetSmartID(text), text);
   show("native PDF type", xmp.GetPDFNativeType(text), text);
+  showJob(xmp);
+  showDocumentData(xmp);
+  showDimensions(xmp);
 }
 
 void showSmartNames(const XMPlib& xmp) {
@@ -78,6 +105,23 @@ void change(XMPlib& xmp) {
   int pages = 0;
   if (!xmp.GetNrPages(pages)) require(xmp.SetNrPages(1), xmp);
   require(xmp.SetIsTrapped(true), xmp);
+
+  XMPlDocData data;  // its empty fields leave what is stored
+  data.modifyDate = data.metadataDate = "now";
+  require(xmp.SetDocumentData(data), xmp);
+
+  XMPlJobData job;
+  job.name = "Folding carton";
+  job.orderid = "2026-1121";
+  require(xmp.SetJobData(job), xmp);
+
+  XMPlDimDat page;
+  if (!xmp.GetDimDat(page)) {
+    page.hsize = 210;
+    page.vsize = 297;
+    require(xmp.SetDimDat(page), xmp);
+  }
+
   std::vector<XMPlSmartName> names;
   xmp.GetSmartNames(names);
   names.emplace_back();
@@ -94,12 +138,12 @@ void run(const std::string& input, const std::string& output) {
   xmp.SetXML(packet);
   if (!xmp.ErrStr().empty()) throw std::runtime_error("unreadable packet: " + xmp.ErrStr());
   std::cout << input << ": a packet of " << packet.size() << " bytes\n";
-  showScalars(xmp);
+  showDocument(xmp);
   showSmartNames(xmp);
 
   change(xmp);
   std::cout << "After the changes\n";
-  showScalars(xmp);
+  showDocument(xmp);
   showSmartNames(xmp);
 
   const std::string& changed = xmp.GetXMLPacket(false, 0);

@@ -7,6 +7,7 @@
 #include <string>
 #include <vector>
 
+#include "xmpl/document.h"
 #include "xmpl/export.h"
 #include "xmpl/resources.h"
 
@@ -136,6 +137,71 @@ class XMPLIB_API XMPlib {
 
   bool GetVDPVersion(int& version) const;  // variable-data content
   bool SetVDPVersion(int version);         // 0 deletes the property
+
+  // --- Document-level records -----------------------------------------------------------------
+  // Three-way fields, where a Set says so: an empty field leaves the stored property as it is, a
+  // single blank " " deletes it, any other text replaces it.
+
+  // True when at least one of the six properties exists; absent ones are empty. Deliberately
+  // reads the last job reference of the packet while SetJobData writes the first: where a packet
+  // holds several, a Get does not see what a Set wrote.
+  bool GetJobData(XMPlJobData& job) const;
+  // Three-way fields. Creates a job reference when the packet has none, also for an empty record.
+  bool SetJobData(const XMPlJobData& job);
+
+  // True when at least one of the seven properties exists; absent ones are empty.
+  bool GetProdData(XMPlProdData& product) const;
+  bool SetProdData(const XMPlProdData& product);  // three-way fields
+
+  // True when at least one of the six properties exists; absent ones are empty.
+  bool GetDocumentData(XMPlDocData& data) const;
+  // Three-way fields; a date "now" is the current date and time, one and the same for all dates of
+  // the call. A description replaces those in all languages. It is stored where dc:description
+  // is: XMP knows both as one.
+  bool SetDocumentData(const XMPlDocData& data);
+
+  // True when at least one of the four properties exists. Deliberately never fills `comments`,
+  // which keeps the caller's text; absent others are empty.
+  bool GetDocumentVersion(XMPlDocVersion& version) const;
+  bool SetDocumentVersion(const XMPlDocVersion& version);  // three-way fields, "now" as above
+
+  // Answers whether "version" exists. Absent, `version` is left unchanged as a whole; else absent
+  // texts are empty. Lets a toolkit error (XMP_Error: a version that is no number) pass to the
+  // caller; standard exceptions become the error text.
+  bool GetDigitalFilmVersionDetailed(XMPlDigFilmVersion& version) const;
+  bool SetDigitalFilmVersionDetailed(const XMPlDigFilmVersion& version);
+
+  // The document that this one was derived from: only `instanceID` and `renditionClass` take part.
+  // True when both exist. The first is stored as soon as it is found; an absent one is unchanged.
+  bool GetBaseDoc(XMPlExtRef& base) const;
+  bool SetBaseDoc(const XMPlExtRef& base);
+
+  // True when all ten properties exist. Reads vsize, hsize, margbot, margtop, margleft, margright,
+  // vshrink, hshrink, units, readerspread in this order into their fields, up to the first that is
+  // absent; that and the rest are unchanged.
+  bool GetDimDat(XMPlDimDat& dimensions) const;
+  bool SetDimDat(const XMPlDimDat& dimensions);
+
+  // True when the five basic properties exist. `basicOnly` and `hasMargins` tell which of the later
+  // groups were complete; margins that are not are 0. Of an incomplete group, the fields found
+  // before the gap are stored. Lets a toolkit error (XMP_Error) pass to the caller; standard
+  // exceptions become the error text. So does SetDimDatDigFilm.
+  bool GetDimDatDigFilm(XMPlDimDatDigFilm& dimensions) const;
+  // Writes the groups that `basicOnly` and `hasMargins` announce; a stored group that they do not
+  // announce stays.
+  bool SetDimDatDigFilm(const XMPlDimDatDigFilm& dimensions);
+
+  // Answers whether the description exists: the other two are read in any case. The location is
+  // returned as stored, whatever it is.
+  bool GetColorSpace(XMPlColorSpace& colours) const;
+  // False, with "Illegal value for profile location" and nothing written, for a location that is
+  // none of the four.
+  bool SetColorSpace(const XMPlColorSpace& colours);
+
+  // Standard schemas, for other tools. Each field is written, or deleted when it is empty (or not
+  // valid).
+  bool SetPDFData(const XMPlPDFData& data);
+  bool SetMMData(const XMPlMMData& data);
 
   // --- Resources ------------------------------------------------------------------------------
 

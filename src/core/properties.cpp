@@ -62,6 +62,30 @@ void PropertyWriter::boolean(PropertyName name, bool value) const {
   metadata_.SetProperty_Bool(name.schema, name.path, value);
 }
 
+void PropertyWriter::date(PropertyName name, const XMP_DateTime& value) const {
+  metadata_.SetProperty_Date(name.schema, name.path, value);
+}
+
+void PropertyWriter::emptyArray(PropertyName name, ArrayKind kind) const {
+  metadata_.SetProperty(name.schema, name.path, nullptr, static_cast<XMP_OptionBits>(kind));
+}
+
+void PropertyWriter::emptyStructure(PropertyName name) const {
+  metadata_.SetProperty(name.schema, name.path, nullptr, kXMP_PropValueIsStruct);
+}
+
+void PropertyWriter::defaultLanguage(PropertyName name, const std::string& text) const {
+  metadata_.SetProperty(name.schema, name.path, nullptr, kXMP_PropArrayIsAltText);
+  const std::string item = std::string(name.path) + "[1]";
+  try {
+    metadata_.SetProperty(name.schema, item.c_str(), text);
+    metadata_.SetQualifier(name.schema, item.c_str(), kXMP_NS_XML, "lang", "x-default");
+  } catch (const XMP_Error&) {
+    remove(name);  // an item without its language would keep the whole packet from serialising
+    throw;
+  }
+}
+
 void PropertyWriter::remove(PropertyName name) const {
   metadata_.DeleteProperty(name.schema, name.path);
 }

@@ -37,7 +37,14 @@ class PropertyWriter {
   void integer(PropertyName name, std::int32_t value) const;
   void real(PropertyName name, double value) const;
   void boolean(PropertyName name, bool value) const;
+  void date(PropertyName name, const XMP_DateTime& value) const;
   void remove(PropertyName name) const;
+
+  void emptyArray(PropertyName name, ArrayKind kind) const;
+  void emptyStructure(PropertyName name) const;
+  // A language alternative whose one item is `text`, in the default language. After a toolkit
+  // error there is none.
+  void defaultLanguage(PropertyName name, const std::string& text) const;
 
  private:
   Metadata& metadata_;

@@ -18,6 +18,11 @@
 
 namespace xmpl {
 
+enum class ArrayKind : XMP_OptionBits {
+  unordered = kXMP_PropValueIsArray,
+  ordered = kXMP_PropArrayIsOrdered,  // alone: the toolkit adds the array bit
+};
+
 using Metadata = TXMPMeta<std::string>;
 using ToolkitIterator = TXMPIterator<std::string>;
 using ToolkitUtils = TXMPUtils<std::string>;

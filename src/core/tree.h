@@ -16,11 +16,6 @@ class XMP_Node;
 
 namespace xmpl {
 
-enum class ArrayKind : XMP_OptionBits {
-  unordered = kXMP_PropValueIsArray,
-  ordered = kXMP_PropArrayIsOrdered,  // alone: the toolkit adds the array bit
-};
-
 // Null where there is no such property, field or item. `index` counts from 1.
 const XMP_Node* findProperty(const Metadata& metadata, PropertyName name);
 const XMP_Node* findField(const XMP_Node& structure, std::string_view name);
