@@ -9,7 +9,10 @@
 
 #include "xmpl/document.h"
 #include "xmpl/export.h"
+#include "xmpl/inks.h"
+#include "xmpl/layout.h"
 #include "xmpl/resources.h"
+#include "xmpl/screening.h"
 
 template <class tStringObj>
 class TXMPMeta;  // the XMP Toolkit's metadata object
@@ -203,10 +206,182 @@ class XMPLIB_API XMPlib {
   bool SetPDFData(const XMPlPDFData& data);
   bool SetMMData(const XMPlMMData& data);
 
+  // --- Inks -----------------------------------------------------------------------------------
+
+  // The document's inks with their coverage. Answers whether the ink list exists, also when no ink
+  // was read. An unreadable coverage is no error: `coverageValid` is false then. With
+  // `excludeOmask`, inks whose attribute is "omask" are left out; without the flag, none.
+  bool GetInks(std::vector<XMPlInk>& inks) const;
+  bool GetInks(std::vector<XMPlInk>& inks, bool excludeOmask) const;
+  // Without `writeBookAndVxname`, the stored inks have neither `book` nor `vxname` afterwards.
+  bool SetInks(const std::vector<XMPlInk>& inks, bool writeBookAndVxname);
+  // Appends the inks that the stored list does not hold yet (operator==); of equal inks, the stored
+  // one stays. Writes only when an ink was added, and then deliberately drops the coverage of all
+  // inks: it was measured for another set. The flag is that of SetInks, for the stored inks too.
+  // True but for a handle without metadata; an error of reading or writing is in ErrStr() alone.
+  bool MergeInks(const std::vector<XMPlInk>& inks, bool writeBookAndVxname);
+
+  // Answers whether the list exists. An empty `printingmethod` is not stored and reads back as
+  // "unknown".
+  bool GetInkProperties(std::vector<XMPlInkProperty>& properties) const;
+  bool SetInkProperties(const std::vector<XMPlInkProperty>& properties);
+
+  // The inks of a digital film, stored in the same array as the document's inks. The Get lets a
+  // toolkit error (XMP_Error) pass to the caller; standard exceptions become the error text.
+  bool GetInksDigFilm(std::vector<XMPlInkDigFilm>& inks) const;
+  // Without `withBookAndName`, `book` and `vxname` are not stored.
+  bool SetInksDigFilm(const std::vector<XMPlInkDigFilm>& inks, bool withBookAndName);
+
+  // The digital jobs that a film was made from. Deliberately asymmetric: the Get reads fields of
+  // another namespace than the Set writes, and does not find what the Set wrote.
+  bool GetUsedDigitalJobRefs(std::vector<XMPlUsedDigFilmRef>& refs) const;
+  bool SetUsedDigitalJobRefs(const std::vector<XMPlUsedDigFilmRef>& refs);
+
+  // DGC curves. Stored numbers are each followed by one blank. A stored text whose last number is
+  // not ends the Get with std::length_error; the curves before it are in `dgcs`.
+  bool GetDgcs(std::vector<XMPlDgcc>& dgcs) const;
+  bool SetDgcs(const std::vector<XMPlDgcc>& dgcs);
+
+  // One entry for each separation of a digital film. There is no Get.
+  bool SetMetaDataDigFilms(const std::vector<XMPlMetaDataDigFilm>& films);
+
+  // --- Screening ------------------------------------------------------------------------------
+  // Screens are stored in numbered groups. Reading stops at the first group that yields no screen.
+
+  // All groups in one list, or, when they yield nothing, the list of the older layout.
+  bool GetScreens(std::vector<XMPlScreen>& screens) const;
+  // One group, counted from 1.
+  bool GetScreens(std::vector<XMPlScreen>& screens, int group) const;
+  // Replaces all groups by one. A list of the older layout stays where it is.
+  bool SetScreens(const std::vector<XMPlScreen>& screens);
+
+  bool GetScreenContainer(std::vector<std::vector<XMPlScreen>>& groups) const;
+  bool SetScreenContainer(const std::vector<std::vector<XMPlScreen>>& groups);
+
+  // The files that the document uses.
+  bool GetUsedRefs(std::vector<XMPlUsedRef>& refs) const;
+  bool SetUsedRefs(const std::vector<XMPlUsedRef>& refs);
+
   // --- Resources ------------------------------------------------------------------------------
+
+  // The files that the document refers to. Without `verbatim`, runs of numbered images are stored
+  // as one entry each (SimplifyExtRefs) and read back as one record for each file (ExpandExtRefs);
+  // with it, the list is read and stored as it is. The flag is false where it is not given. Read
+  // from the current layout, and only when that has no first entry from the old one. Expansion
+  // throws what ExpandExtRefs throws: then ErrStr() is empty and `refs` holds the list as stored.
+  bool GetExtRefs(std::vector<XMPlExtRef>& refs) const;
+  bool GetExtRefs(std::vector<XMPlExtRef>& refs, bool verbatim) const;
+  // Writes both layouts.
+  bool SetExtRefs(const std::vector<XMPlExtRef>& refs);
+  bool SetExtRefs(const std::vector<XMPlExtRef>& refs, bool verbatim);
+  // The old layout alone: it holds `instanceID` and `renditionClass`; other fields keep their
+  // defaults. Nothing is expanded or compacted.
+  bool GetOldExtRefs(std::vector<XMPlExtRef>& refs) const;
+  bool SetOldExtRefs(const std::vector<XMPlExtRef>& refs);
+  // Appends the references that the stored (expanded) list does not hold yet. For those that it
+  // does (operator==), adds up the counts; an unknown count (-1) wins. Writes only when a reference
+  // was added: a merge that changes nothing but counts deliberately leaves the packet as it is.
+  // True but for a handle without metadata; an error of reading or writing is in ErrStr() alone.
+  // Throws what ExpandExtRefs throws, and has written nothing then.
+  bool MergeExtRefs(const std::vector<XMPlExtRef>& refs);
+
+  // The list with runs of numbered images compacted: references of type "image" and page 0 whose
+  // name ends in "_", 3 to 9 digits and an extension. Other references come first, unchanged; then
+  // the runs, each under the first member's rendition class. Works on `refs` alone.
+  std::vector<XMPlExtRef> SimplifyExtRefs(const std::vector<XMPlExtRef>& refs) const;
+  // The list with compacted runs ("files:...") expanded in their places, each file's name beginning
+  // with "file:". Works on `refs` alone. Throws std::logic_error, "bad extref", for a run that
+  // cannot be read, and std::length_error for runs of more than ten million files in all.
+  std::vector<XMPlExtRef> ExpandExtRefs(const std::vector<XMPlExtRef>& refs) const;
+
+  // The structural design (CAD) files. Only `instanceID` and `renditionClass` are stored; other
+  // fields keep their defaults.
+  bool GetCadFiles(std::vector<XMPlExtRef>& files) const;
+  bool SetCadFiles(const std::vector<XMPlExtRef>& files);
+  // Appends the files that the stored list does not hold yet (operator==). Stored files have page
+  // -1: a file with another page is always appended. Writes only when a file was added. True but
+  // for a handle without metadata; an error of reading or writing is in ErrStr() alone.
+  bool MergeCadFiles(const std::vector<XMPlExtRef>& files);
+
+  // Without `keepDuplicates`, an embedded font is left out when a font that is not embedded has the
+  // same file name behind the last ";" of `fontfile`. The flag is true where it is not given.
+  bool GetFonts(std::vector<XMPlFont>& fonts) const;
+  bool GetFonts(std::vector<XMPlFont>& fonts, bool keepDuplicates) const;
+  // Stores the fonts sorted by operator<; the order among fonts that contradict each other there
+  // is not stated.
+  bool SetFonts(const std::vector<XMPlFont>& fonts);
+  // Appends the fonts that the stored list does not hold yet (operator==). Writes, sorted, only
+  // when a font was added. True but for a handle without metadata; an error of reading or writing
+  // is in ErrStr() alone.
+  bool MergeFonts(const std::vector<XMPlFont>& fonts);
+
+  bool GetBarcodes(std::vector<XMPlBarcode>& barcodes) const;
+  bool SetBarcodes(const std::vector<XMPlBarcode>& barcodes);
+  // Appends the barcodes that the stored list does not hold yet (operator==). Writes only when one
+  // was added. True but for a handle without metadata; an error of reading or writing is in
+  // ErrStr() alone.
+  bool MergeBarcodes(const std::vector<XMPlBarcode>& barcodes);
+
+  bool GetLayers(std::vector<XMPlLay>& layers) const;
+  bool SetLayers(const std::vector<XMPlLay>& layers);
+  // Appends the layers whose name the stored list does not hold yet; the flags of a stored one
+  // stay. Writes only when a layer was added. True but for a handle without metadata; an error of
+  // reading or writing is in ErrStr() alone.
+  bool MergeLayers(const std::vector<XMPlLay>& layers);
+
+  // Reads of each range the inks up to the first that is missing.
+  bool GetPagRanges(std::vector<XMPlPagRange>& ranges) const;
+  bool SetPagRanges(const std::vector<XMPlPagRange>& ranges);
 
   bool GetSmartNames(std::vector<XMPlSmartName>& names) const;
   bool SetSmartNames(const std::vector<XMPlSmartName>& names);
+
+  // --- Layout ---------------------------------------------------------------------------------
+
+  bool GetRepeats(std::vector<XMPlRepeat>& repeats) const;
+  bool SetRepeats(const std::vector<XMPlRepeat>& repeats);
+
+  // True when all six properties exist. Reads them in the record's order into their fields, up to
+  // the first that is absent; that and the rest are unchanged.
+  bool GetCadReg(XMPlCadReg& registration) const;
+  bool SetCadReg(XMPlCadReg& registration);  // does not change `registration`
+
+  // --- Merging --------------------------------------------------------------------------------
+
+  // Merges the inks, external references, fonts, CAD files, barcodes and layers of another packet
+  // into this handle's, by their own Merge operations; `inkFlag` is MergeInks' flag. Always true.
+  // Does not empty the error text itself: ErrStr() is what the last Merge that ran has left, and
+  // the error text from before when none ran (a packet that cannot be parsed has no lists).
+  // Throws as the constructor and MergeExtRefs do.
+  bool MergeXML(const std::string& packetText, bool inkFlag);
+
+  // Merges the packets of several digital films into one job on this handle. The first packet that
+  // is complete (dimensions, inks, colour space, screens, used references, page ranges) is the base
+  // and gives the document's records; each complete later packet adds its inks, their screen
+  // groups, its DGC curves, and by `mode`:
+  //   0      separations of the same pages: each added ink gets the next ink number in the first
+  //          page range; the film version's structure becomes "Composite"
+  //   1      further pages: the packet's first page range is renumbered to follow the stored ones;
+  //          the structure becomes "Separated", unless it is "Composite" in any case of letters
+  //   other  neither
+  // `writeBookAndName` is SetInksDigFilm's flag. One packet alone, or none that is complete: the
+  // first packet is loaded as by SetXML. None at all: nothing happens. Always true; ErrStr() is
+  // what the last SetPagRanges or SetXML left. Incomplete packets are passed over silently.
+  // Ink numbers go on from 0 where a page range has none; a screen group that a packet lacks is
+  // empty. Lets XMP_Error pass from the film data of unusable packets, with this handle unchanged.
+  bool MergeXML(const std::vector<std::string>& packets, int mode, bool writeBookAndName);
+
+  // Copies the properties of schemas that this library does not manage from another handle's
+  // metadata, in their form and with their qualifiers; a property that exists here stays as it is.
+  // Leaves out: all private and XMP core namespaces, dc:description, dc:format, pdf:Producer,
+  // pdf:Version and pdf:Trapped. Answers whether there was any such property, copied or not.
+  // Leaves the error text alone; a toolkit error (XMP_Error) passes to the caller, with the
+  // properties copied so far. False when either handle is without metadata.
+  bool MergeNonOrvo(const XMPlib* other);
+
+  // Whether dc:format says that this is an Illustrator document,
+  // "application/vnd.adobe.illustrator".
+  bool IsNonPDFCompatible() const;
 
  private:
   template <class Body>

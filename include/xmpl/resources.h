@@ -4,6 +4,7 @@
 
 #include <cstdint>
 #include <string>
+#include <vector>
 
 #include "xmpl/export.h"
 
@@ -17,6 +18,61 @@ struct XMPlExtRef {
 
   // Compares instanceID and pagenr.
   XMPLIB_API bool operator==(const XMPlExtRef& other) const;
+};
+
+// A font that the document uses.
+struct XMPlFont {
+  std::string name;
+  std::string type;         // font technology, free text
+  bool protection = false;  // the font is protected
+  std::string location;     // "embedded": in the document; else where it was found
+  std::string fontfile;     // its file; what follows the last ";" identifies it across locations
+
+  // Compares all fields.
+  XMPLIB_API bool operator==(const XMPlFont& other) const;
+
+  // Orders by name, type, location; then an unprotected font before a protected one; then by
+  // fontfile. Deliberately one-sided: of fonts that differ in protection, a protected one may be
+  // less than an unprotected one by its fontfile. No strict weak ordering, and nothing for
+  // std::sort.
+  XMPLIB_API bool operator<(const XMPlFont& other) const;
+};
+
+// A barcode. The units of its reals are the application's; they are stored unchanged.
+struct XMPlBarcode {
+  std::string type;              // kind of barcode, free text
+  std::string symbolType;        // symbology, free text; may be empty
+  std::string code;              // encoded data
+  std::string code2;             // second part of the data; may be empty
+  double resolution = 0;         // 0: not given
+  double barWidthReduction = 0;  // valid with hasBarWidthReduction
+  bool hasBarWidthReduction = false;
+  bool hasDeviceCompensation = false;
+  double deviceCompensation = 0;  // valid with hasDeviceCompensation
+  bool useMagnification = true;   // the size is `magnification`; else `narrow` and `ratio`
+  double magnification = 1.0;
+  double narrow = 1.0;  // width of the narrow bar
+  double ratio = 1.0;   // wide to narrow
+
+  // Compares the texts, the resolution, the flags, and the values that the flags make valid.
+  XMPLIB_API bool operator==(const XMPlBarcode& other) const;
+};
+
+// A layer.
+struct XMPlLay {
+  std::string name;
+  bool printable = true;
+  bool locked = false;
+
+  // Compares the names alone.
+  XMPLIB_API bool operator==(const XMPlLay& other) const;
+};
+
+// A range of pages and the inks used on them.
+struct XMPlPagRange {
+  std::int32_t start = -1;         // first page
+  std::int32_t end = -1;           // last page
+  std::vector<std::int32_t> inks;  // stored unchanged
 };
 
 // A named text that a workflow substitutes into the artwork.

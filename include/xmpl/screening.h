@@ -1,0 +1,57 @@
+// Records of screening.
+#ifndef XMPL_SCREENING_H
+#define XMPL_SCREENING_H
+
+#include <cstdint>
+#include <string>
+
+#include "xmpl/export.h"
+
+// One screen (halftone set-up): the DGC curves that apply to it, by name, and, when known, its
+// screening as requested and as used.
+struct XMPlScreen {
+  std::string singlepressDGC;   // single press
+  std::string autoplateDGCreq;  // automatic plate: requested, LW, CT
+  std::string autoplateDGCLW;
+  std::string autoplateDGCCT;
+  std::string autopressDGCreq;  // automatic press: requested, LW, CT
+  std::string autopressDGCLW;
+  std::string autopressDGCCT;
+  std::string totalDGCCT;  // total: CT, LW
+  std::string totalDGCLW;
+  std::string gamma;          // gamma curve
+  std::string usedrefs;       // the references that use this screen, as one text
+  bool hasScreening = false;  // the fields below are known
+  double frequencyreq = 0;    // screen ruling, requested and used
+  double frequency = 0;
+  double anglereq = 0;  // screen angle, requested and used
+  double angle = 0;
+  std::string dotshapereq;  // dot shape, requested and used
+  std::string dotshape;
+  std::string dotname;  // name of the dot; empty: the dot shape
+
+  // Compares all fields but hasScreening, reals exactly. A dot name that repeats its own dot shape
+  // matches any dot name. Deliberately crosses two fields: this record's autoplateDGCLW and
+  // autoplateDGCreq are compared with the other's autoplateDGCCT, so that a record may be unequal
+  // to its own copy.
+  XMPLIB_API bool operator==(const XMPlScreen& other) const;
+
+  // Orders screens with known screening first, by that screening; then by the curve names. A
+  // strict weak ordering for records without NaN.
+  XMPLIB_API bool operator<(const XMPlScreen& other) const;
+};
+
+// A file that the document uses, and the page of it.
+struct XMPlUsedRef {
+  std::string instanceID;
+  std::string renditionClass;
+  std::int64_t pagenr = 1;  // stored in 32 bits: only the low ones of a larger value survive
+
+  // Compares all fields.
+  XMPLIB_API bool operator==(const XMPlUsedRef& other) const;
+
+  // Orders by instanceID, renditionClass, pagenr.
+  XMPLIB_API bool operator<(const XMPlUsedRef& other) const;
+};
+
+#endif
