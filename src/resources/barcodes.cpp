@@ -1,0 +1,111 @@
+// Barcodes: vxBarcL:barcodes, an unordered array of
+//   vxBarc:Type                text
+//   vxBarc:SymbolType          text, optional; not written when empty
+//   vxBarc:Code                text, optional
+//   vxBarc:Code2               text, optional; not written when empty
+//   vxBarc:Resolution          real, optional; not written when 0
+//   vxBarc:BarWidthReduction   real, optional
+//   vxBarc:DeviceCompensation  real, optional
+//   vxBarc:Magnification       real, optional; else
+//   vxBarc:Narrow, Ratio       real, optional
+#include "core/call_guard.h"
+#include "core/list_merge.h"
+#include "core/lists.h"
+
+namespace {
+
+using xmpl::ItemReader;
+using xmpl::ItemWriter;
+using xmpl::Metadata;
+
+constexpr xmpl::List kBarcodes{"vxBarcL:barcodes", xmpl::ArrayKind::unordered};
+
+// The order of reading is not that of writing: it decides which of several errors is met first.
+bool readBarcode(const ItemReader& item, XMPlBarcode& barcode) {
+  if (!item.text("vxBarc:Type", barcode.type)) return false;
+  item.text("vxBarc:Code", barcode.code);
+  barcode.hasBarWidthReduction = item.real("vxBarc:BarWidthReduction", barcode.barWidthReduction);
+  barcode.hasDeviceCompensation =
+      item.real("vxBarc:DeviceCompensation", barcode.deviceCompensation);
+  item.real("vxBarc:Resolution", barcode.resolution);
+  barcode.useMagnification = item.real("vxBarc:Magnification", barcode.magnification);
+  if (!barcode.useMagnification) {
+    item.real("vxBarc:Narrow", barcode.narrow);
+    item.real("vxBarc:Ratio", barcode.ratio);
+  }
+  item.text("vxBarc:SymbolType", barcode.symbolType);
+  item.text("vxBarc:Code2", barcode.code2);
+  return true;
+}
+
+void writeBarcode(const ItemWriter& item, const XMPlBarcode& barcode) {
+  item.text("vxBarc:Type", barcode.type);
+  if (!barcode.symbolType.empty()) item.text("vxBarc:SymbolType", barcode.symbolType);
+  item.text("vxBarc:Code", barcode.code);
+  if (!barcode.code2.empty()) item.text("vxBarc:Code2", barcode.code2);
+  if (barcode.resolution != 0) item.real("vxBarc:Resolution", barcode.resolution);
+  if (barcode.hasBarWidthReduction) {
+    item.real("vxBarc:BarWidthReduction", barcode.barWidthReduction);
+  }
+  if (barcode.hasDeviceCompensation) {
+    item.real("vxBarc:DeviceCompensation", barcode.deviceCompensation);
+  }
+  if (barcode.useMagnification) {
+    item.real("vxBarc:Magnification", barcode.magnification);
+  } else {
+    item.real("vxBarc:Narrow", barcode.narrow);
+    item.real("vxBarc:Ratio", barcode.ratio);
+  }
+}
+
+// The fields that operator== compares; a value that its flag switches off counts as 0.
+auto identity(const XMPlBarcode& barcode) {
+  const bool magnified = barcode.useMagnification;
+  return std::tuple<const std::string&, const std::string&, const std::string&, const std::string&,
+                    double, bool, bool, bool, double, double, double, double>(
+      barcode.type, barcode.symbolType, barcode.code, barcode.code2, barcode.resolution,
+      barcode.hasBarWidthReduction, barcode.hasDeviceCompensation, magnified,
+      barcode.hasBarWidthReduction ? barcode.barWidthReduction : 0,
+      barcode.hasDeviceCompensation ? barcode.deviceCompensation : 0,
+      magnified ? barcode.magnification : barcode.narrow, magnified ? 0 : barcode.ratio);
+}
+
+}  // namespace
+
+bool XMPlBarcode::operator==(const XMPlBarcode& other) const {
+  if (type != other.type || symbolType != other.symbolType || code != other.code ||
+      code2 != other.code2) {
+    return false;
+  }
+  if (resolution != other.resolution) return false;
+  if (hasBarWidthReduction != other.hasBarWidthReduction ||
+      hasDeviceCompensation != other.hasDeviceCompensation ||
+      useMagnification != other.useMagnification) {
+    return false;
+  }
+  if (hasBarWidthReduction && barWidthReduction != other.barWidthReduction) return false;
+  if (hasDeviceCompensation && deviceCompensation != other.deviceCompensation) return false;
+  if (useMagnification) return magnification == other.magnification;
+  return narrow == other.narrow && ratio == other.ratio;
+}
+
+bool XMPlib::GetBarcodes(std::vector<XMPlBarcode>& barcodes) const {
+  barcodes.clear();
+  return guarded([&](const Metadata& metadata) {
+    return readList(metadata, kBarcodes, readBarcode, barcodes);
+  });
+}
+
+bool XMPlib::SetBarcodes(const std::vector<XMPlBarcode>& barcodes) {
+  return guarded(
+      [&](Metadata& metadata) { return writeList(metadata, kBarcodes, writeBarcode, barcodes); });
+}
+
+bool XMPlib::MergeBarcodes(const std::vector<XMPlBarcode>& barcodes) {
+  return guarded([&](const Metadata&) {
+    std::vector<XMPlBarcode> merged;
+    GetBarcodes(merged);
+    if (xmpl::mergeMissing(merged, barcodes, identity)) SetBarcodes(merged);
+    return true;
+  });
+}

@@ -1,0 +1,212 @@
+// Runs of numbered images. A run is one reference, named
+//   "files:" prefix "*" extension "#" first "-" last
+// where the files are named prefix number extension, and all numbers have the same count of digits.
+#include <algorithm>
+#include <charconv>
+#include <cstdint>
+#include <cstdlib>
+#include <limits>
+#include <map>
+#include <optional>
+#include <stdexcept>
+#include <string_view>
+#include <tuple>
+
+#include "XMPlib.h"
+
+namespace {
+
+constexpr std::string_view kRunScheme = "files:";
+constexpr std::string_view kFileScheme = "file:";
+
+// --- Compacting ---------------------------------------------------------------------------------
+
+// The parts of a numbered image's name.
+struct NumberedName {
+  std::string_view prefix;     // up to the last "_"
+  std::string_view digits;     // the number
+  std::string_view extension;  // from its "."
+
+  std::int32_t number() const {
+    std::int32_t value = 0;
+    std::from_chars(digits.data(), digits.data() + digits.size(), value);
+    return value;
+  }
+};
+
+bool isDigit(char c) { return c >= '0' && c <= '9'; }
+
+std::optional<NumberedName> numberedName(std::string_view name) {
+  constexpr std::ptrdiff_t kFewestDigits = 3;
+  constexpr std::ptrdiff_t kMostDigits = 9;
+  const std::size_t underscore = name.rfind('_');
+  if (underscore == std::string_view::npos) return std::nullopt;
+  const std::string_view rest = name.substr(underscore + 1);
+  const auto digits = std::find_if_not(rest.begin(), rest.end(), isDigit) - rest.begin();
+  if (digits < kFewestDigits || digits > kMostDigits) return std::nullopt;
+  const auto count = static_cast<std::size_t>(digits);
+  const std::string_view extension = rest.substr(count);
+  if (extension.empty() || extension.rfind('.') != 0) return std::nullopt;
+  return NumberedName{name.substr(0, underscore + 1), rest.substr(0, count), extension};
+}
+
+std::optional<NumberedName> numberedImage(const XMPlExtRef& ref) {
+  if (ref.type != "image" || ref.pagenr != 0) return std::nullopt;
+  return numberedName(ref.instanceID);
+}
+
+// Numbered images that differ in nothing but their numbers.
+struct Group {
+  const XMPlExtRef* first;  // lends its rendition class and type to every run
+  NumberedName name;        // of the first
+  std::vector<std::int32_t> numbers;
+};
+
+std::string padded(std::int64_t number, std::size_t width) {
+  const std::string digits = std::to_string(number);
+  return std::string(width - std::min(width, digits.size()), '0') + digits;
+}
+
+std::string runName(const NumberedName& name, std::int32_t first, std::int32_t last) {
+  const std::size_t width = name.digits.size();
+  if (first == last) {
+    return std::string(name.prefix) + padded(first, width) + std::string(name.extension);
+  }
+  std::string_view prefix = name.prefix;
+  if (prefix.starts_with(kFileScheme)) prefix.remove_prefix(kFileScheme.size());
+  return std::string(kRunScheme) + std::string(prefix) + "*" + std::string(name.extension) + "#" +
+         padded(first, width) + "-" + padded(last, width);
+}
+
+XMPlExtRef runOf(const Group& group, std::int32_t first, std::int32_t last) {
+  XMPlExtRef run;
+  run.instanceID = runName(group.name, first, last);
+  run.renditionClass = group.first->renditionClass;
+  run.pagenr = 0;
+  run.type = group.first->type;
+  run.count = last - first + 1;
+  return run;
+}
+
+// Each number that does not follow the one before it begins a run; so does a repeated one.
+void appendRuns(Group& group, std::vector<XMPlExtRef>& list) {
+  std::vector<std::int32_t>& numbers = group.numbers;
+  std::sort(numbers.begin(), numbers.end());
+  std::size_t first = 0;
+  for (std::size_t i = 1; i <= numbers.size(); ++i) {
+    if (i < numbers.size() && numbers[i] == numbers[i - 1] + 1) continue;
+    list.push_back(runOf(group, numbers[first], numbers[i - 1]));
+    first = i;
+  }
+}
+
+// --- Expanding ----------------------------------------------------------------------------------
+
+// A run of this many files, or names of this many bytes in all, is no list but an attack.
+constexpr std::int64_t kMostFiles = 10'000'000;
+constexpr std::int64_t kMostBytes = std::int64_t{4} << 30;
+
+struct Run {
+  std::string_view prefix;
+  std::string_view extension;
+  std::size_t width;  // of the numbers, padded with zeros
+  std::int64_t first;
+  std::int64_t last;
+
+  std::int64_t files() const { return std::max<std::int64_t>(last - first + 1, 0); }
+  std::int64_t bytes() const {
+    const std::size_t name = kFileScheme.size() + prefix.size() + width + extension.size();
+    return files() * static_cast<std::int64_t>(name);
+  }
+};
+
+// Without regard to case.
+bool isRun(std::string_view name) {
+  return name.size() >= kRunScheme.size() &&
+         std::equal(kRunScheme.begin(), kRunScheme.end(), name.begin(), [](char lower, char c) {
+           return c == lower || (c >= 'A' && c <= 'Z' && c - 'A' + 'a' == lower);
+         });
+}
+
+// Leading digits, as the C library reads them; 0 when there are none.
+std::int64_t leadingInteger(std::string_view text) {
+  constexpr long kLeast = std::numeric_limits<std::int32_t>::min();
+  constexpr long kMost = std::numeric_limits<std::int32_t>::max();
+  return std::clamp(std::strtol(std::string(text).c_str(), nullptr, 10), kLeast, kMost);
+}
+
+Run parsedRun(std::string_view name) {
+  constexpr std::size_t kNone = std::string_view::npos;
+  const std::size_t hash = name.rfind('#');
+  const std::size_t star = name.rfind('*');
+  const std::size_t dash = hash == kNone ? kNone : name.find('-', hash);
+  if (star == kNone || dash == kNone) throw std::logic_error("bad extref");
+  Run run{};
+  run.prefix = name.substr(kRunScheme.size(), star - kRunScheme.size());
+  if (star < hash) run.extension = name.substr(star + 1, hash - star - 1);
+  run.width = dash - hash - 1;
+  run.first = leadingInteger(name.substr(hash + 1, run.width));
+  run.last = leadingInteger(name.substr(dash + 1));
+  return run;
+}
+
+void refuseTooMany(const std::vector<XMPlExtRef>& refs) {
+  std::int64_t files = 0;
+  std::int64_t bytes = 0;
+  for (const XMPlExtRef& ref : refs) {
+    if (!isRun(ref.instanceID)) continue;
+    const Run run = parsedRun(ref.instanceID);
+    files += run.files();
+    if (files > kMostFiles) throw std::length_error("external references: too many files in runs");
+    bytes += run.bytes();
+    if (bytes > kMostBytes) throw std::length_error("external references: runs too large");
+  }
+}
+
+void appendFiles(const XMPlExtRef& ref, std::vector<XMPlExtRef>& list) {
+  const Run run = parsedRun(ref.instanceID);
+  const std::string prefix = std::string(kFileScheme) + std::string(run.prefix);
+  for (std::int64_t number = run.first; number <= run.last; ++number) {
+    XMPlExtRef file;
+    file.instanceID = prefix + padded(number, run.width) + std::string(run.extension);
+    file.renditionClass = ref.renditionClass;
+    file.pagenr = 0;
+    file.type = ref.type;
+    file.count = 1;
+    list.push_back(std::move(file));
+  }
+}
+
+}  // namespace
+
+std::vector<XMPlExtRef> XMPlib::SimplifyExtRefs(const std::vector<XMPlExtRef>& refs) const {
+  std::vector<XMPlExtRef> list;
+  std::vector<Group> groups;
+  std::map<std::tuple<std::string_view, std::string_view, std::size_t>, std::size_t> groupOf;
+  for (const XMPlExtRef& ref : refs) {
+    const std::optional<NumberedName> name = numberedImage(ref);
+    if (!name) {
+      list.push_back(ref);
+      continue;
+    }
+    const auto [entry, isNew] =
+        groupOf.try_emplace({name->prefix, name->extension, name->digits.size()}, groups.size());
+    if (isNew) groups.push_back({&ref, *name, {}});
+    groups[entry->second].numbers.push_back(name->number());
+  }
+  for (Group& group : groups) appendRuns(group, list);
+  return list;
+}
+
+std::vector<XMPlExtRef> XMPlib::ExpandExtRefs(const std::vector<XMPlExtRef>& refs) const {
+  refuseTooMany(refs);
+  std::vector<XMPlExtRef> list;
+  for (const XMPlExtRef& ref : refs) {
+    if (isRun(ref.instanceID)) {
+      appendFiles(ref, list);
+    } else {
+      list.push_back(ref);
+    }
+  }
+  return list;
+}
