@@ -9,6 +9,7 @@
 #include <iterator>
 #include <stdexcept>
 #include <string>
+#include <vector>
 
 namespace {
 
@@ -88,6 +89,85 @@ void showDocument(const XMPlib& xmp) {
   showDimensions(xmp);
 }
 
+void showInks(const XMPlib& xmp) {
+  std::vector<XMPlInk> inks;
+  xmp.GetInks(inks);
+  std::cout << "Inks: " << inks.size() << '\n';
+  for (const XMPlInk& ink : inks) {
+    std::cout << "  " << ink.name << " (" << ink.type << ", " << ink.attribute << "), "
+              << ink.frequency << " lpi at " << ink.angle << " degrees";
+    if (ink.coverageValid) std::cout << ", covers " << ink.pct << " %, " << ink.mm2 << " mm2";
+    std::cout << '\n';
+  }
+}
+
+void showScreens(const XMPlib& xmp) {
+  std::vector<std::vector<XMPlScreen>> groups;
+  xmp.GetScreenContainer(groups);
+  std::cout << "Screen groups: " << groups.size() << '\n';
+  for (const std::vector<XMPlScreen>& group : groups) {
+    for (const XMPlScreen& screen : group) {
+      std::cout << "  " << screen.usedrefs << ": ";
+      if (screen.hasScreening) std::cout << screen.dotname << ' ' << screen.frequency << ", ";
+      std::cout << "plate curve " << screen.autoplateDGCCT << '\n';
+    }
+  }
+  std::vector<XMPlDgcc> curves;
+  xmp.GetDgcs(curves);
+  std::cout << "DGC curves: " << curves.size() << '\n';
+  for (const XMPlDgcc& curve : curves) {
+    std::cout << "  " << curve.name << ':';
+    for (const double value : curve.values) std::cout << ' ' << value;
+    std::cout << '\n';
+  }
+}
+
+void showResources(const XMPlib& xmp) {
+  std::vector<XMPlExtRef> stored;
+  std::vector<XMPlExtRef> files;
+  xmp.GetExtRefs(stored, true);
+  xmp.GetExtRefs(files);
+  std::cout << "External references: " << files.size() << " files in " << stored.size()
+            << " entries\n";
+  for (const XMPlExtRef& ref : stored) std::cout << "  " << ref.instanceID << '\n';
+
+  std::vector<XMPlFont> fonts;
+  xmp.GetFonts(fonts, false);
+  std::cout << "Fonts, embedded duplicates left out: " << fonts.size() << '\n';
+  for (const XMPlFont& font : fonts)
+    std::cout << "  " << font.name << ", " << font.location << '\n';
+
+  std::vector<XMPlBarcode> barcodes;
+  xmp.GetBarcodes(barcodes);
+  std::cout << "Barcodes: " << barcodes.size() << '\n';
+  for (const XMPlBarcode& code : barcodes) {
+    std::cout << "  " << code.symbolType << ' ' << code.code << '\n';
+  }
+}
+
+void showLayout(const XMPlib& xmp) {
+  std::vector<XMPlLay> layers;
+  xmp.GetLayers(layers);
+  std::cout << "Layers: " << layers.size() << '\n';
+  for (const XMPlLay& layer : layers) {
+    std::cout << "  " << layer.name << (layer.printable ? "" : ", does not print") << '\n';
+  }
+  std::vector<XMPlPagRange> ranges;
+  xmp.GetPagRanges(ranges);
+  std::cout << "Page ranges: " << ranges.size() << '\n';
+  for (const XMPlPagRange& range : ranges) {
+    std::cout << "  " << range.start << " to " << range.end << ", " << range.inks.size()
+              << " inks\n";
+  }
+  std::vector<XMPlRepeat> repeats;
+  xmp.GetRepeats(repeats);
+  std::cout << "Step and repeat: " << repeats.size() << '\n';
+  for (const XMPlRepeat& repeat : repeats) {
+    std::cout << "  " << repeat.name << " (" << repeat.type << "): " << repeat.count << " of "
+              << repeat.front << '\n';
+  }
+}
+
 void showSmartNames(const XMPlib& xmp) {
   std::vector<XMPlSmartName> names;
   xmp.GetSmartNames(names);
@@ -139,10 +219,14 @@ void run(const std::string& input, const std::string& output) {
   if (!xmp.ErrStr().empty()) throw std::runtime_error("unreadable packet: " + xmp.ErrStr());
   std::cout << input << ": a packet of " << packet.size() << " bytes\n";
   showDocument(xmp);
+  showInks(xmp);
+  showScreens(xmp);
+  showResources(xmp);
+  showLayout(xmp);
   showSmartNames(xmp);
 
   change(xmp);
-  std::cout << "After the changes\n";
+  std::cout << "\nAfter the changes\n";
   showDocument(xmp);
   showSmartNames(xmp);
 
