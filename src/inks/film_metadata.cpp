@@ -19,7 +19,6 @@
 namespace {
 
 using xmpl::ArrayKind;
-using xmpl::ArrayWriter;
 using xmpl::ItemWriter;
 using xmpl::Metadata;
 
