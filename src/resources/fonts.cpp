@@ -54,7 +54,7 @@ void dropEmbeddedDuplicates(std::vector<XMPlFont>& fonts) {
     if (!isEmbedded(font) && hasFileName(font)) files.insert(fileName(font));
   }
   std::erase_if(fonts, [&](const XMPlFont& font) {
-    return isEmbedded(font) && hasFileName(font) && files.count(fileName(font)) != 0;
+    return isEmbedded(font) && hasFileName(font) && files.contains(fileName(font));
   });
 }
 

@@ -5,7 +5,6 @@
 #include <charconv>
 #include <cstdint>
 #include <cstdlib>
-#include <limits>
 #include <map>
 #include <optional>
 #include <stdexcept>
@@ -62,9 +61,11 @@ struct Group {
   std::vector<std::int32_t> numbers;
 };
 
+// With leading zeros; the sign is part of the width.
 std::string padded(std::int64_t number, std::size_t width) {
-  const std::string digits = std::to_string(number);
-  return std::string(width - std::min(width, digits.size()), '0') + digits;
+  std::string text = std::to_string(number);
+  const std::size_t zeros = width - std::min(width, text.size());
+  return text.insert(number < 0 ? 1 : 0, zeros, '0');
 }
 
 std::string runName(const NumberedName& name, std::int32_t first, std::int32_t last) {
@@ -128,11 +129,10 @@ bool isRun(std::string_view name) {
          });
 }
 
-// Leading digits, as the C library reads them; 0 when there are none.
-std::int64_t leadingInteger(std::string_view text) {
-  constexpr long kLeast = std::numeric_limits<std::int32_t>::min();
-  constexpr long kMost = std::numeric_limits<std::int32_t>::max();
-  return std::clamp(std::strtol(std::string(text).c_str(), nullptr, 10), kLeast, kMost);
+// Leading digits, as the C library's atoi reads them: 0 when there are none, and the low 32 bits of
+// a number that has more.
+std::int32_t leadingInteger(std::string_view text) {
+  return static_cast<std::int32_t>(std::strtoll(std::string(text).c_str(), nullptr, 10));
 }
 
 Run parsedRun(std::string_view name) {

@@ -1,0 +1,186 @@
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <random>
+#include <regex>
+
+#include "core/toolkit.h"
+#include "support/packets.h"
+
+namespace {
+
+std::mt19937 dice(1);
+
+template <class T>
+T pick(std::initializer_list<T> from) {
+  return from.begin()[dice() % from.size()];
+}
+const char* text() { return pick({"A", "B"}); }
+bool flag() { return pick({true, false}); }
+double real() { return pick({0.0, -0.0, 2.5, 9999999999.0}); }
+
+XMPlExtRef anyFile() {
+  const char* const name = pick({"A", "p_001.t", "file:p_002.t"});
+  return {name, text(), pick({-1, 0}), pick({"image", ""}), pick({-1, 1, 2})};
+}
+XMPlFont anyFont() { return {text(), "t", flag(), text(), text()}; }
+XMPlLay anyLayer() { return {pick({"A", "B", "C", "D"}), flag(), flag()}; }
+XMPlBarcode anyBarcode() {
+  return {text(), "", "", "", 0, real(), flag(), flag(), 1, flag(), real(), 1, real()};
+}
+XMPlInk anyInk() {
+  const XMPlInkBasic basic{text(), "", "b", "", real(), 0, 0, pick({"omask", "a"}), "m"};
+  return {basic, real(), real(), "d", flag(), 1, 2};
+}
+
+// Merging random lists, some of them with NaN, does what comparing each with each does; merging
+// the packet that holds the list does the same.
+template <class Record, class... Flag>
+void mergesLikeAPlainLoop(Record (*any)(), bool (XMPlib::*get)(std::vector<Record>&) const,
+                          bool (XMPlib::*set)(const std::vector<Record>&, Flag...),
+                          bool (XMPlib::*merge)(const std::vector<Record>&, Flag...),
+                          Flag... flags) {
+  const auto fill = [&](XMPlib& xmp, std::size_t size) {
+    std::vector<Record> list(size);
+    std::generate(list.begin(), list.end(), any);
+    (xmp.*set)(list, flags...);
+    xmp.SetXML(std::regex_replace(xmp.GetXML(), std::regex("9999999999"), "nan"));
+    (xmp.*get)(list);
+    return list;
+  };
+  for (std::size_t round = 0; round < 200; ++round) {
+    XMPlib xmp, source, expected;
+    std::vector<Record> list = fill(xmp, round % 7);
+    const std::vector<Record> merged = fill(source, round % 10);
+    const std::string before = stored(xmp);
+    const std::size_t size = list.size();
+    for (const Record& one : merged) {
+      const auto found = std::find(list.begin(), list.end(), one);
+      if (found == list.end()) {
+        list.push_back(one);
+      } else if constexpr (requires { found->count; }) {
+        found->count = one.count == -1 || found->count == -1 ? -1 : found->count + one.count;
+      }
+    }
+    if constexpr (requires { list[0].coverageValid; }) {
+      for (Record& one : list) one.coverageValid = false;
+    }
+    (expected.*set)(list, flags...);
+    const std::string after = list.size() > size ? stored(expected) : before;
+    XMPlib other;
+    other.SetXML(xmp.GetXML());
+    EXPECT_TRUE((xmp.*merge)(merged, flags...));
+    EXPECT_EQ(stored(xmp), after);
+    EXPECT_TRUE(other.MergeXML(source.GetXML(), true));
+    EXPECT_EQ(stored(other), after);
+  }
+  Empty empty;
+  EXPECT_FALSE((empty.*merge)({}, flags...));
+  EXPECT_EQ(empty.ErrStr(), "Illegal XAP");
+}
+
+std::string foreign(const std::string& inside) {
+  return "<ex:a xmlns:ex=\"http://ns.example/\"" + inside + "</ex:a>";
+}
+
+// The properties of a handle with `mine` after those of `other` came in.
+std::string foreignMerged(const std::string& mine, const std::string& other, bool expected) {
+  Loaded xmp(mine);
+  const Loaded source(other);
+  xmp.SetColorSpace({"wrong", "", ""});
+  EXPECT_EQ(xmp.MergeNonOrvo(&source), expected) << other;
+  EXPECT_EQ(xmp.ErrStr(), "Illegal value for profile location");
+  return stored(xmp);
+}
+
+}  // namespace
+
+TEST(Merging, AddsWhatIsNotYetThere) {
+  using X = XMPlib;
+  mergesLikeAPlainLoop<XMPlExtRef>(anyFile, &X::GetExtRefs, &X::SetExtRefs, &X::MergeExtRefs);
+  mergesLikeAPlainLoop<XMPlExtRef>(anyFile, &X::GetCadFiles, &X::SetCadFiles, &X::MergeCadFiles);
+  mergesLikeAPlainLoop<XMPlFont>(anyFont, &X::GetFonts, &X::SetFonts, &X::MergeFonts);
+  mergesLikeAPlainLoop<XMPlBarcode>(anyBarcode, &X::GetBarcodes, &X::SetBarcodes,
+                                    &X::MergeBarcodes);
+  mergesLikeAPlainLoop<XMPlLay>(anyLayer, &X::GetLayers, &X::SetLayers, &X::MergeLayers);
+  mergesLikeAPlainLoop<XMPlInk, bool>(anyInk, &X::GetInks, &X::SetInks, &X::MergeInks, true);
+}
+
+TEST(MergedPacket, AddsItsListsInOrderAndLeavesTheErrorTextOfTheLastMergeThatRan) {
+  const std::string barcode = "<vxBarc:Type>A</vxBarc:Type>";
+  const std::string barcodes = list("vxBarcL:barcodes", "Bag", {barcode});
+  Loaded xmp(list("vxBarcL:barcodes", "Bag", {barcode, barcode + "<vxBarc:Ratio/>"}));
+  for (const std::string& text : {packet(barcodes), packet(""), std::string("<no packet")}) {
+    EXPECT_TRUE(xmp.MergeXML(text, true));
+    EXPECT_EQ(xmp.ErrStr(), "Empty convert-from string");
+  }
+  XMPlib source;
+  XMPlInk ink;
+  ink.book = "book";
+  EXPECT_TRUE(source.SetInks({ink}, true) && source.SetLayers({{"L", true, true}}));
+  EXPECT_TRUE(xmp.MergeXML(packet(stored(source) + barcodes), false));
+  EXPECT_EQ(xmp.ErrStr(), "");
+  EXPECT_NE(stored(xmp).find("<vxLay:name>L<"), std::string::npos);
+  EXPECT_EQ(stored(xmp).find("vxInk:book"), std::string::npos);
+  Empty empty;
+  EXPECT_TRUE(empty.MergeXML(packet(barcodes), true));
+  EXPECT_EQ(empty.ErrStr(), "Illegal XAP");
+
+  XMPlib part;  // a run that cannot be read ends the merge
+  EXPECT_TRUE(source.SetExtRefs({{"files:", "", 0, "", 1}}, true));
+  EXPECT_THROW(part.MergeXML(source.GetXML(), true), std::logic_error);
+  EXPECT_NE(stored(part).find("vxInk:book"), std::string::npos);
+  EXPECT_EQ(stored(part).find("vxLay:name"), std::string::npos);
+}
+
+TEST(ForeignMetadata, IsCopiedWithItsFormAndQualifiersUnlessTheLibraryOwnsIt) {
+  for (const std::string& property :
+       {foreign(" xml:lang=\"de\">text"),
+        foreign("><rdf:Bag><rdf:li>2</rdf:li><rdf:li xml:lang=\"de\">1</rdf:li></rdf:Bag>"),
+        foreign("><rdf:Alt><rdf:li>1</rdf:li></rdf:Alt>"),
+        foreign("><rdf:Seq><rdf:li rdf:parseType=\"Resource\"><ex:f>1</ex:f><ex:g><rdf:Seq><rdf:li>"
+                "2</rdf:li></rdf:Seq></ex:g></rdf:li></rdf:Seq>"),
+        foreign(" rdf:parseType=\"Resource\"><rdf:value><rdf:Bag><rdf:li>1</rdf:li></rdf:Bag>"
+                "</rdf:value><ex:q rdf:parseType=\"Resource\"><ex:f>2</ex:f></ex:q>"),
+        std::string("<dc:title><rdf:Alt><rdf:li xml:lang=\"x-default\">t</rdf:li><rdf:li "
+                    "xml:lang=\"de\">u</rdf:li><rdf:li xml:lang=\"fr\">v</rdf:li></rdf:Alt>"
+                    "</dc:title><pdf:Keywords>k</pdf:Keywords><pdf:ProducerX>p</pdf:ProducerX>"
+                    "<pdfxid:GTS_PDFXVersion>x</pdfxid:GTS_PDFXVersion>")}) {
+    EXPECT_EQ(foreignMerged("", property, true), stored(Loaded(property)));
+  }
+  EXPECT_EQ(foreignMerged("", foreign(" rdf:resource=\"u:v\">"), true), "<ex:a>u:v</ex:a>");
+  const std::string owned =
+      "<vxGr:nrpages>1</vxGr:nrpages><xmp:CreatorTool>t</xmp:CreatorTool><stVer:version>1"
+      "</stVer:version><xmpMM:DocumentID>d</xmpMM:DocumentID><dc:format>f</dc:format><dc:formats>f"
+      "</dc:formats><pdf:Producer>p</pdf:Producer><pdf:Version>1</pdf:Version><pdf:Trapped>True"
+      "</pdf:Trapped><dc:description><rdf:Alt><rdf:li xml:lang=\"x-default\">d</rdf:li></rdf:Alt>"
+      "</dc:description>";
+  EXPECT_EQ(foreignMerged("", owned, false), "");
+  EXPECT_EQ(foreignMerged("", owned + foreign(">text"), true), "<ex:a>text</ex:a>");
+}
+
+TEST(ForeignMetadata, NeverOverwritesAndFillsGaps) {
+  const auto bag = [](const std::string& items) {
+    return "<ex:a><rdf:Bag><rdf:li>" + items + "</rdf:li></rdf:Bag></ex:a>";
+  };
+  const auto mine = foreign("><rdf:Bag><rdf:li>mine</rdf:li></rdf:Bag>");
+  const auto two = foreign("><rdf:Bag><rdf:li>1</rdf:li><rdf:li>2</rdf:li></rdf:Bag>");
+  EXPECT_EQ(foreignMerged(mine, foreign(">text"), true), bag("mine"));
+  EXPECT_EQ(foreignMerged(mine, two, true), bag("mine</rdf:li><rdf:li>2"));
+  Loaded text(foreign(">text"));
+  const Loaded array(mine);
+  EXPECT_THROW(text.MergeNonOrvo(&array), XMP_Error);
+  EXPECT_TRUE(text.MergeNonOrvo(&text));
+  EXPECT_EQ(stored(text), "<ex:a>text</ex:a>");
+  Empty empty;
+  EXPECT_FALSE(empty.MergeNonOrvo(&array) || text.MergeNonOrvo(&empty));
+}
+
+TEST(NonPDFCompatible, AreIllustratorDocuments) {
+  const auto answer = [](const std::string& format) {
+    return Loaded("<dc:format>" + format + "</dc:format>").IsNonPDFCompatible();
+  };
+  EXPECT_TRUE(answer("application/vnd.adobe.illustrator"));
+  EXPECT_FALSE(answer("application/pdf") || answer("application/vnd.adobe.illustrator2") ||
+               answer("Application/vnd.adobe.illustrator") || XMPlib().IsNonPDFCompatible());
+}
