@@ -2,7 +2,9 @@
 // they are compiled.
 #pragma once
 
+#include <string>
 #include <string_view>
+#include <vector>
 
 #include "core/toolkit.h"
 
@@ -98,5 +100,17 @@ struct PropertyName {
 
 // Registers every namespace of the table, in its order. Throws XMP_Error.
 void registerNamespaces();
+
+// A namespace that a packet declares.
+struct NamespaceDeclaration {
+  std::string prefix;
+  std::string uri;
+};
+
+// Registers those that are new, as the toolkit would when it meets them, under their prefix or,
+// where that is taken, under prefix_1_, prefix_2_ ...: the toolkit tries these from the first for
+// every namespace, and slows down with all that any packet has declared before. Throws nothing:
+// what cannot be registered is left to the toolkit.
+void registerDeclared(const std::vector<NamespaceDeclaration>& declarations);
 
 }  // namespace xmpl

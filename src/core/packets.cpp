@@ -3,6 +3,7 @@
 #include <cstdio>
 
 #include "XMPlib.h"
+#include "core/packet_guard.h"
 #include "core/toolkit.h"
 
 namespace {
@@ -11,7 +12,10 @@ namespace {
 // refuses to recover: then it throws.
 bool refuseToRecover(void*, XMP_ErrorSeverity, XMP_Int32, XMP_StringPtr) { return false; }
 
-void parse(xmpl::Metadata& metadata, const std::string& text) {
+void parse(xmpl::Metadata& metadata, const std::string& packet) {
+  const xmpl::GuardedPacket guarded = xmpl::guardPacket(packet);
+  xmpl::registerDeclared(guarded.declarations);
+  const std::string& text = guarded.text;
   metadata.SetErrorCallback(refuseToRecover);
   metadata.ParseFromBuffer(text.data(), static_cast<XMP_StringLen>(text.size()), 0);
 }
@@ -24,6 +28,8 @@ bool XMPlib::SetXML(const std::string& text) {
     parse(*meta, text);
   } catch (const XMP_Error& error) {
     errStr = xmpl::messageOf(error);
+  } catch (const xmpl::PacketRefused& refusal) {
+    errStr = refusal.what();
   }
   return true;  // Deliberate: a failed parse shows in the error text alone.
 }

@@ -1,0 +1,306 @@
+#include "core/packet_guard.h"
+
+#include <algorithm>
+#include <array>
+#include <charconv>
+#include <cstring>
+#include <set>
+
+namespace xmpl {
+namespace {
+
+constexpr std::size_t kNone = std::string_view::npos;
+constexpr std::size_t kIndent = 3;                     // of the toolkit's serialiser
+constexpr std::string_view kDefaultPrefix = "_dflt_";  // the toolkit's for "xmlns" alone
+
+// The toolkit turns control characters into blanks before it parses.
+bool isBlank(char c) { return static_cast<unsigned char>(c) <= ' ' || c == 0x7F; }
+bool isXmlBlank(char c) { return c == ' ' || c == '\n' || c == '\t' || c == '\r'; }
+
+std::string_view localName(std::string_view name) {
+  const std::size_t colon = name.find(':');
+  return colon == kNone ? name : name.substr(colon + 1);
+}
+
+// The character that a reference ("&amp;", without its ends) stands for; 0 for one that no
+// namespace URI has reason to hold. The toolkit misreads hexadecimal ones.
+char referenced(std::string_view reference) {
+  constexpr std::pair<std::string_view, char> kNamed[] = {
+      {"amp", '&'}, {"lt", '<'}, {"gt", '>'}, {"quot", '"'}, {"apos", '\''}};
+  for (const auto& [name, character] : kNamed) {
+    if (reference == name) return character;
+  }
+  if (!reference.starts_with('#')) return 0;
+  unsigned value = 0;
+  const char* const end = reference.data() + reference.size();
+  const auto parsed = std::from_chars(reference.data() + 1, end, value);
+  const bool isAscii = parsed.ec == std::errc() && parsed.ptr == end && value > ' ' && value < 0x7F;
+  return isAscii ? static_cast<char>(value) : '\0';
+}
+
+// An element that is still open.
+struct Element {
+  std::size_t namedChildren = 0;  // all but array items
+  std::size_t properties = 0;     // of the elements in an rdf:RDF: children and attributes
+  bool isRdf = false;
+};
+
+class Scanner {
+ public:
+  explicit Scanner(std::string_view packet) : packet_(packet) {
+    result_.text.reserve(packet.size());
+  }
+
+  GuardedPacket scan() && {
+    while (scanTag()) {
+    }
+    result_.text.append(packet_.substr(copied_));
+    return std::move(result_);
+  }
+
+ private:
+  enum class Token { none, startTag, endTag, other };
+
+  // The text up to the next tag, and the tag. False at the end, and where the packet breaks off.
+  bool scanTag() {
+    const std::size_t open = packet_.find('<', position_);
+    if (open == kNone || open + 1 == packet_.size()) return false;
+    const Token token = tokenAt(open);
+    dropBlanks(position_, open, token);
+    last_ = token;
+    switch (token) {
+      case Token::startTag:
+        return scanStartTag(open);
+      case Token::endTag:
+        return scanEndTag(open);
+      default:
+        return skipOther(open);
+    }
+  }
+
+  Token tokenAt(std::size_t open) const {
+    const char next = packet_[open + 1];
+    if (next == '/') return Token::endTag;
+    return next == '!' || next == '?' ? Token::other : Token::startTag;
+  }
+
+  // Blanks between two tags are layout, unless they are all that an element holds. Those beside
+  // comments, CDATA sections and processing instructions may be part of a text.
+  void dropBlanks(std::size_t begin, std::size_t end, Token next) {
+    const bool betweenTags = (last_ == Token::endTag && next != Token::other) ||
+                             (last_ == Token::startTag && next == Token::startTag);
+    if (begin == end || !betweenTags || !isXmlBlank(packet_[begin])) return;
+    const std::string_view text = packet_.substr(begin, end - begin);
+    if (!std::all_of(text.begin(), text.end(), isXmlBlank)) return;
+    result_.text.append(packet_.substr(copied_, begin - copied_));
+    copied_ = end;
+  }
+
+  // Comments, CDATA sections and processing instructions, each up to its own end.
+  bool skipOther(std::size_t open) {
+    const std::string_view rest = packet_.substr(open);
+    std::string_view end = ">";
+    if (rest.starts_with("<!--")) {
+      end = "-->";
+    } else if (rest.starts_with("<![CDATA[")) {
+      end = "]]>";
+    } else if (rest.starts_with("<?")) {
+      end = "?>";
+    } else if (rest.starts_with("<!DOCTYPE")) {
+      refuse("DOCTYPE is not allowed", open);
+    }
+    const std::size_t found = packet_.find(end, open + 2);
+    if (found == kNone) return false;
+    position_ = found + end.size();
+    return true;
+  }
+
+  bool scanEndTag(std::size_t open) {
+    const std::size_t close = packet_.find('>', open);
+    if (close == kNone) return false;
+    if (depth_ > 0) --depth_;
+    position_ = close + 1;
+    return true;
+  }
+
+  bool scanStartTag(std::size_t open) {
+    const std::size_t name = open + 1;
+    std::size_t end = name;
+    while (end < packet_.size() && !endsName(packet_[end])) ++end;
+    openElement(packet_.substr(name, end - name), open);
+    const std::size_t close = scanAttributes(end);
+    if (close == kNone) return false;
+    estimateSerialised(close - open, open);
+    position_ = close + 1;
+    if (packet_[close - 1] == '/') {
+      --depth_;
+      last_ = Token::endTag;
+    }
+    return true;
+  }
+
+  // References to control characters become blanks before the toolkit parses: ';' is their end.
+  static bool separates(char c) { return isBlank(c) || c == ';'; }
+  static bool endsName(char c) { return c == '>' || c == '/' || isBlank(c); }
+
+  void openElement(std::string_view name, std::size_t open) {
+    if (depth_ == limits::kElementDepth) refuse("more than 128 levels of elements", open);
+    const std::string_view local = localName(name);
+    if (local != "li") {
+      if (depth_ > 0) countNamedChild(open_[depth_ - 1], open);
+      if (depth_ > 1) countProperty(open_[depth_ - 2], open);
+    }
+    open_[depth_++] = Element{0, 0, local == "RDF"};
+  }
+
+  void countNamedChild(Element& parent, std::size_t position) {
+    if (++parent.namedChildren > limits::kNamedChildren) {
+      refuse("more than 16,384 named children of one element", position);
+    }
+    countSearch(parent.namedChildren, position);
+  }
+
+  // A child or an attribute of an element whose parent is `grandparent`.
+  void countProperty(Element& grandparent, std::size_t position) {
+    if (!grandparent.isRdf) return;
+    if (++grandparent.properties > limits::kNamedChildren) {
+      refuse("more than 16,384 properties", position);
+    }
+    countSearch(grandparent.properties, position);
+  }
+
+  void countSearch(std::size_t names, std::size_t position) {
+    searched_ += names;
+    if (searched_ > limits::kNameSearches) refuse("too many elements of many children", position);
+  }
+
+  // Reads the attributes of the tag from `from` on; answers the position of its '>'.
+  std::size_t scanAttributes(std::size_t from) {
+    std::size_t count = 0;
+    while (true) {
+      const std::size_t found = packet_.find_first_of("\"'>", from);
+      if (found == kNone || packet_[found] == '>') return found;
+      const std::size_t end = packet_.find(packet_[found], found + 1);
+      if (end == kNone) return kNone;
+      if (++count > limits::kAttributes) refuse("more than 4,096 attributes of one element", from);
+      noteAttribute(attributeName(packet_.substr(from, found - from)),
+                    packet_.substr(found + 1, end - found - 1), from);
+      from = end + 1;
+    }
+  }
+
+  // What stands in a tag before a quoted value: blanks, the name, "=".
+  static std::string_view attributeName(std::string_view before) {
+    before = before.substr(0, before.rfind('='));
+    while (!before.empty() && isBlank(before.back())) before.remove_suffix(1);
+    std::size_t begin = before.size();
+    while (begin > 0 && !separates(before[begin - 1])) --begin;
+    return before.substr(begin);
+  }
+
+  void noteAttribute(std::string_view name, std::string_view value, std::size_t position) {
+    serialised_ += kIndent * depth_;  // it may come out as an element of its own
+    if (name.starts_with("xmlns")) {
+      noteDeclaration(name, value, position);
+    } else if (depth_ > 1 && !name.starts_with("rdf:") && !name.starts_with("xml:")) {
+      countProperty(open_[depth_ - 2], position);
+    }
+  }
+
+  void noteDeclaration(std::string_view name, std::string_view uri, std::size_t position) {
+    if (uri.empty() || !declared_.insert(uri).second) return;
+    if (declared_.size() > limits::kNamespaces) refuse("more than 1,024 namespaces", position);
+    const std::size_t colon = name.find(':');
+    const std::string_view prefix = colon == kNone ? kDefaultPrefix : name.substr(colon + 1);
+    result_.declarations.push_back({std::string(prefix), resolved(uri, position)});
+  }
+
+  static std::string resolved(std::string_view value, std::size_t position) {
+    std::string uri;
+    while (true) {
+      const std::size_t ampersand = value.find('&');
+      uri += value.substr(0, ampersand);
+      if (ampersand == kNone) return uri;
+      const std::size_t end = value.find(';', ampersand);
+      const char character =
+          end == kNone ? '\0' : referenced(value.substr(ampersand + 1, end - ampersand - 1));
+      if (character == '\0') refuse("a namespace URI with an odd character reference", position);
+      uri += character;
+      value.remove_prefix(end + 1);
+    }
+  }
+
+  // An upper estimate: every tag on a line of its own, indented by its depth.
+  void estimateSerialised(std::size_t tagBytes, std::size_t open) {
+    serialised_ += kIndent * (depth_ + 2) + tagBytes;
+    if (serialised_ > limits::kSerialisedBytes) refuse("more than 1 GiB when serialised", open);
+  }
+
+  [[noreturn]] static void refuse(const char* what, std::size_t position) {
+    throw PacketRefused("Packet refused at offset " + std::to_string(position) + ": " + what);
+  }
+
+  std::string_view packet_;
+  std::size_t position_ = 0;  // scanned up to here
+  std::size_t copied_ = 0;    // copied, or dropped, up to here
+  Token last_ = Token::none;
+  std::array<Element, limits::kElementDepth> open_{};
+  std::size_t depth_ = 0;
+  std::size_t serialised_ = 0;
+  std::size_t searched_ = 0;
+  std::set<std::string_view> declared_;
+  GuardedPacket result_;
+};
+
+// How the toolkit tells the encodings apart: by the first four bytes. The width of a character in
+// bytes, and whether its high byte comes first.
+struct Encoding {
+  std::size_t width;
+  bool bigEndian;
+};
+
+Encoding encodingOf(std::string_view packet) {
+  const auto byte = [&](std::size_t i) {
+    return i < packet.size() ? static_cast<unsigned char>(packet[i]) : 1U;
+  };
+  if (packet.size() < 2 || byte(0) == 0xEF) return {1, false};
+  if (byte(0) == 0) return {packet.size() < 4 || byte(1) != 0 ? 2U : 4U, true};
+  if (byte(0) == 0xFE) return {2, true};
+  if (byte(0) < 0x80 && byte(1) != 0) return {1, false};
+  return {packet.size() < 4 || byte(2) != 0 ? 2U : 4U, false};
+}
+
+// The packet with one byte a character: structure is ASCII, and what is not becomes two bytes that
+// are not, so that different names stay different.
+std::string narrowed(std::string_view packet, Encoding encoding) {
+  std::string text;
+  text.reserve(packet.size() / encoding.width);
+  for (std::size_t i = 0; i + encoding.width <= packet.size(); i += encoding.width) {
+    const std::string_view unit = packet.substr(i, encoding.width);
+    const char low = encoding.bigEndian ? unit.back() : unit.front();
+    const char high = encoding.bigEndian ? unit[encoding.width - 2] : unit[1];
+    const bool isAscii = high == 0 && static_cast<unsigned char>(low) < 0x80;
+    if (isAscii) {
+      text += low;
+    } else {
+      text += {static_cast<char>(high | 0x80), static_cast<char>(low | 0x80)};
+    }
+  }
+  return text;
+}
+
+}  // namespace
+
+GuardedPacket guardPacket(std::string_view packet) {
+  if (packet.size() > limits::kTextBytes) {
+    throw PacketRefused("Packet refused: more than 256 MiB of text");
+  }
+  const Encoding encoding = encodingOf(packet);
+  if (encoding.width == 1) return Scanner(packet).scan();
+  const std::string narrow = narrowed(packet, encoding);
+  GuardedPacket guarded = Scanner(narrow).scan();
+  guarded.text = packet;
+  return guarded;
+}
+
+}  // namespace xmpl

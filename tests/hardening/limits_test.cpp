@@ -1,0 +1,172 @@
+// Every statement of docs/limits.md.
+#include <gtest/gtest.h>
+
+#include "core/packet_guard.h"
+#include "support/packets.h"
+
+namespace {
+
+std::string repeated(std::size_t count, const std::string& text) {
+  std::string all;
+  for (std::size_t i = 0; i < count; ++i) all += text;
+  return all;
+}
+
+template <class Text>
+std::string numbered(std::size_t count, Text text) {
+  std::string all;
+  for (std::size_t i = 0; i < count; ++i) all += text(std::to_string(i));
+  return all;
+}
+
+std::string children(std::size_t count) {
+  return numbered(count, [](const std::string& i) { return "<dc:p" + i + "/>"; });
+}
+
+std::string rdf(const std::string& content) {
+  return "<rdf:RDF xmlns:rdf='http://www.w3.org/1999/02/22-rdf-syntax-ns#'"
+         " xmlns:dc='http://purl.org/dc/elements/1.1/'>" +
+         content + "</rdf:RDF>";
+}
+
+std::string described(const std::string& content) {
+  return rdf("<rdf:Description rdf:about=''>" + content + "</rdf:Description>");
+}
+
+std::string structures(std::size_t count, const std::string& content) {
+  return repeated(count, "<dc:s rdf:parseType='Resource'>") + content + repeated(count, "</dc:s>");
+}
+
+std::string errorOf(const std::string& packet) {
+  XMPlib xmp;
+  EXPECT_TRUE(xmp.SetNrPages(1));
+  EXPECT_TRUE(xmp.SetXML(packet));
+  const std::string error = xmp.ErrStr();
+  if (!error.empty()) {
+    EXPECT_EQ(stored(xmp), "");
+  }
+  const std::size_t reason = error.find(": ");
+  return reason == std::string::npos ? error : error.substr(reason + 2);
+}
+
+std::string utf16(const std::string& ascii, bool bigEndian) {
+  std::string wide;
+  for (const char c : ascii) wide += bigEndian ? std::string{'\0', c} : std::string{c, '\0'};
+  return wide;
+}
+
+}  // namespace
+
+TEST(Limits, APacketAtALimitLoadsAndOneOverItIsRefused) {
+  const auto attributes = [](std::size_t count) {
+    return described("<dc:s " +
+                     numbered(count, [](const std::string& i) { return " dc:a" + i + "='1'"; }) +
+                     "/>");
+  };
+  const auto namespaces = [](std::size_t count) {
+    return described("<dc:l><rdf:Bag>" +
+                     numbered(count,
+                              [](const std::string& i) {
+                                return "<rdf:li xmlns:n='http://limits.example/" + i + "'/>";
+                              }) +
+                     "</rdf:Bag></dc:l>");
+  };
+  const auto descriptions = [](std::size_t count) {
+    return rdf("<rdf:Description rdf:about=''>" + children(count - 1) + "</rdf:Description>" +
+               "<rdf:Description rdf:about='' dc:q='1'/>");
+  };
+  const struct {
+    std::string within, over;
+    const char* reason;
+  } rows[] = {
+      {described(structures(126, "")), described(structures(127, "")),
+       "more than 128 levels of elements"},
+      {attributes(4096), attributes(4097), "more than 4,096 attributes of one element"},
+      {described(structures(1, children(16384))), described(structures(1, children(16385))),
+       "more than 16,384 named children of one element"},
+      {descriptions(16384), descriptions(16385), "more than 16,384 properties"},
+      {namespaces(1022), namespaces(1023), "more than 1,024 namespaces"},
+  };
+  for (const auto& row : rows) {
+    EXPECT_EQ(errorOf(row.within), "");
+    EXPECT_EQ(errorOf(row.over), row.reason);
+    EXPECT_EQ(errorOf(utf16(row.over, true)), row.reason);
+    EXPECT_EQ(errorOf("\xff\xfe" + utf16(row.over, false)), row.reason);
+  }
+}
+
+TEST(Limits, WhatWouldSwellOrTakeTooLongIsRefused) {
+  const std::string items =
+      "<dc:l><rdf:Bag>" + repeated(3'000'000, "<rdf:li/>") + "</rdf:Bag></dc:l>";
+  EXPECT_EQ(errorOf(described(structures(120, items))), "more than 1 GiB when serialised");
+  EXPECT_EQ(errorOf(described(repeated(9, structures(1, children(16384))))),
+            "too many elements of many children");
+  EXPECT_EQ(errorOf(std::string(xmpl::limits::kTextBytes + 1, ' ')), "more than 256 MiB of text");
+  EXPECT_EQ(errorOf("<!-- --><!DOCTYPE a><a/>"), "DOCTYPE is not allowed");
+  EXPECT_EQ(errorOf("<a xmlns:n='http://limits.example/&#233;'/>"),
+            "a namespace URI with an odd character reference");
+}
+
+TEST(Limits, NamespacesOnOnePrefixGetVariantsOfIt) {
+  const auto packetWith = [](const std::string& uri) {
+    return described("<v:p xmlns:v='http://limits.example/&#47;&amp;" + uri + "'>1</v:p>");
+  };
+  for (const char* prefix : {"v", "v_1_", "v_2_"}) {
+    XMPlib xmp;
+    xmp.SetXML(packetWith(prefix));
+    EXPECT_EQ(stored(xmp).find("<" + std::string(prefix) + ":p"), 0U) << stored(xmp);
+  }
+}
+
+TEST(PacketGuard, DropsBlanksBetweenTagsAndKeepsThoseThatAreContent) {
+  const struct {
+    const char *packet, *parsed;
+  } rows[] = {
+      {"<a>\n <b> </b>\t<c/>\r\n</a>\n", "<a><b> </b><c/></a>\n"},
+      {"<a> <!-- > --> <b/> </a>", "<a> <!-- > --> <b/></a>"},
+      {"<a> <![CDATA[ <b> ]]> </a>", "<a> <![CDATA[ <b> ]]> </a>"},
+      {"<a x='>' y=\" ' \"> <b z='/'> </b> </a>", "<a x='>' y=\" ' \"><b z='/'> </b></a>"},
+      {"<a> text <b/> </a>", "<a> text <b/></a>"},
+      {"<?x?> <a> <?y > ?> </a> <?z?>", "<?x?> <a> <?y > ?> </a> <?z?>"},
+      {"<a><b/> ", "<a><b/> "},
+      {"<a x='", "<a x='"},
+      {"<", "<"},
+      {"", ""},
+  };
+  for (const auto& row : rows) EXPECT_EQ(xmpl::guardPacket(row.packet).text, row.parsed);
+}
+
+TEST(ToolkitChanges, AreThoseThatAreDocumented) {
+  XMPlib xmp;
+  std::string text;
+  EXPECT_TRUE(
+      xmp.SetSmartID("a\x01"
+                     "b\x7f"
+                     "c\td\ne\r"));
+  EXPECT_TRUE(xmp.GetSmartID(text));
+  EXPECT_EQ(text, "a b c\td\ne\r");
+  EXPECT_TRUE(xmp.SetSmartID(std::string("a\0b", 3)));
+  EXPECT_TRUE(xmp.GetSmartID(text));
+  EXPECT_EQ(text, "a");
+  EXPECT_FALSE(xmp.SetSmartID("\xef\xbf\xbe"));
+  EXPECT_EQ(xmp.ErrStr(), "U+FFFE and U+FFFF are not allowed in XML");
+  EXPECT_TRUE(xmp.GetSmartID(text));
+  EXPECT_EQ(text, "a");
+  XMPlib fresh;
+  EXPECT_FALSE(fresh.SetSmartID("\xe9"));
+  EXPECT_TRUE(fresh.GetSmartID(text));
+  EXPECT_EQ(text, "");
+
+  Loaded latin("<vxSmartID:id>\xe9</vxSmartID:id>");
+  EXPECT_TRUE(latin.GetSmartID(text));
+  EXPECT_EQ(text, "\xc3\xa9");
+  Loaded two(
+      "<dc:title><rdf:Alt><rdf:li xml:lang='x-default'>A</rdf:li>"
+      "<rdf:li xml:lang='de'>B</rdf:li></rdf:Alt></dc:title>");
+  EXPECT_EQ(stored(two).find(">B<"), std::string::npos);
+  EXPECT_TRUE(Loaded("<vxSmartID:id>&#x26;&#38;</vxSmartID:id>").GetSmartID(text));
+  EXPECT_EQ(text, " &");
+  int pages = 0;
+  EXPECT_TRUE(Loaded("<vxGr:nrpages> 7\n</vxGr:nrpages>").GetNrPages(pages));
+  EXPECT_EQ(pages, 7);
+}
