@@ -10,11 +10,14 @@ namespace xmpl {
 namespace {
 
 constexpr std::size_t kNone = std::string_view::npos;
+constexpr std::string_view kNameEnds = " \t\r\n>/";
 constexpr std::size_t kIndent = 3;                     // of the toolkit's serialiser
 constexpr std::string_view kDefaultPrefix = "_dflt_";  // the toolkit's for "xmlns" alone
 
-// The toolkit turns control characters into blanks before it parses.
-bool isBlank(char c) { return static_cast<unsigned char>(c) <= ' ' || c == 0x7F; }
+bool isNameCharacter(char c) {
+  return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || (c >= '0' && c <= '9') || c == ':' ||
+         c == '_' || c == '-' || c == '.';
+}
 bool isXmlBlank(char c) { return c == ' ' || c == '\n' || c == '\t' || c == '\r'; }
 
 std::string_view localName(std::string_view name) {
@@ -98,20 +101,16 @@ class Scanner {
 
   // Comments, CDATA sections and processing instructions, each up to its own end.
   bool skipOther(std::size_t open) {
+    constexpr std::pair<std::string_view, std::string_view> kOthers[] = {
+        {"<!--", "-->"}, {"<![CDATA[", "]]>"}, {"<?", "?>"}, {"<!", ">"}};
     const std::string_view rest = packet_.substr(open);
-    std::string_view end = ">";
-    if (rest.starts_with("<!--")) {
-      end = "-->";
-    } else if (rest.starts_with("<![CDATA[")) {
-      end = "]]>";
-    } else if (rest.starts_with("<?")) {
-      end = "?>";
-    } else if (rest.starts_with("<!DOCTYPE")) {
-      refuse("DOCTYPE is not allowed", open);
+    if (rest.starts_with("<!DOCTYPE")) refuse("DOCTYPE is not allowed", open);
+    for (const auto& [begin, end] : kOthers) {
+      if (!rest.starts_with(begin)) continue;
+      const std::size_t found = rest.find(end, begin.size());
+      position_ = found == kNone ? packet_.size() : open + found + end.size();
+      break;
     }
-    const std::size_t found = packet_.find(end, open + 2);
-    if (found == kNone) return false;
-    position_ = found + end.size();
     return true;
   }
 
@@ -126,8 +125,9 @@ class Scanner {
   bool scanStartTag(std::size_t open) {
     const std::size_t name = open + 1;
     std::size_t end = name;
-    while (end < packet_.size() && !endsName(packet_[end])) ++end;
-    openElement(packet_.substr(name, end - name), open);
+    while (end < packet_.size() && isNameCharacter(packet_[end])) ++end;
+    const bool isWhole = end < packet_.size() && kNameEnds.find(packet_[end]) != kNone;
+    openElement(isWhole ? localName(packet_.substr(name, end - name)) : "", open);
     const std::size_t close = scanAttributes(end);
     if (close == kNone) return false;
     estimateSerialised(close - open, open);
@@ -139,13 +139,9 @@ class Scanner {
     return true;
   }
 
-  // References to control characters become blanks before the toolkit parses: ';' is their end.
-  static bool separates(char c) { return isBlank(c) || c == ';'; }
-  static bool endsName(char c) { return c == '>' || c == '/' || isBlank(c); }
-
-  void openElement(std::string_view name, std::size_t open) {
+  // `local` is the local name, empty for one with characters that are not ASCII.
+  void openElement(std::string_view local, std::size_t open) {
     if (depth_ == limits::kElementDepth) refuse("more than 128 levels of elements", open);
-    const std::string_view local = localName(name);
     if (local != "li") {
       if (depth_ > 0) countNamedChild(open_[depth_ - 1], open);
       if (depth_ > 1) countProperty(open_[depth_ - 2], open);
@@ -183,18 +179,21 @@ class Scanner {
       const std::size_t end = packet_.find(packet_[found], found + 1);
       if (end == kNone) return kNone;
       if (++count > limits::kAttributes) refuse("more than 4,096 attributes of one element", from);
+      countSearch(count, from);
       noteAttribute(attributeName(packet_.substr(from, found - from)),
                     packet_.substr(found + 1, end - found - 1), from);
       from = end + 1;
     }
   }
 
-  // What stands in a tag before a quoted value: blanks, the name, "=".
+  // What stands in a tag before a quoted value: blanks, the name, "=", blanks. Much is a blank
+  // here: before it parses, the toolkit makes blanks of control characters, of references to them
+  // and of some bytes that are not UTF-8.
   static std::string_view attributeName(std::string_view before) {
     before = before.substr(0, before.rfind('='));
-    while (!before.empty() && isBlank(before.back())) before.remove_suffix(1);
+    while (!before.empty() && !isNameCharacter(before.back())) before.remove_suffix(1);
     std::size_t begin = before.size();
-    while (begin > 0 && !separates(before[begin - 1])) --begin;
+    while (begin > 0 && isNameCharacter(before[begin - 1])) --begin;
     return before.substr(begin);
   }
 
@@ -202,7 +201,7 @@ class Scanner {
     serialised_ += kIndent * depth_;  // it may come out as an element of its own
     if (name.starts_with("xmlns")) {
       noteDeclaration(name, value, position);
-    } else if (depth_ > 1 && !name.starts_with("rdf:") && !name.starts_with("xml:")) {
+    } else if (depth_ > 1 && name != "rdf:about") {
       countProperty(open_[depth_ - 2], position);
     }
   }
@@ -252,39 +251,28 @@ class Scanner {
   GuardedPacket result_;
 };
 
-// How the toolkit tells the encodings apart: by the first four bytes. The width of a character in
-// bytes, and whether its high byte comes first.
-struct Encoding {
-  std::size_t width;
-  bool bigEndian;
-};
+enum class Encoding { bytes, utf16BigEndian, utf16LittleEndian };
 
+// As the toolkit tells them apart. What is neither, such as UTF-32, the XML parser refuses.
 Encoding encodingOf(std::string_view packet) {
-  const auto byte = [&](std::size_t i) {
-    return i < packet.size() ? static_cast<unsigned char>(packet[i]) : 1U;
-  };
-  if (packet.size() < 2 || byte(0) == 0xEF) return {1, false};
-  if (byte(0) == 0) return {packet.size() < 4 || byte(1) != 0 ? 2U : 4U, true};
-  if (byte(0) == 0xFE) return {2, true};
-  if (byte(0) < 0x80 && byte(1) != 0) return {1, false};
-  return {packet.size() < 4 || byte(2) != 0 ? 2U : 4U, false};
+  if (packet.size() < 2) return Encoding::bytes;
+  const auto first = static_cast<unsigned char>(packet[0]);
+  if (first == 0 || first == 0xFE) return Encoding::utf16BigEndian;
+  if (first == 0xEF || (first < 0x80 && packet[1] != 0)) return Encoding::bytes;
+  return Encoding::utf16LittleEndian;
 }
 
-// The packet with one byte a character: structure is ASCII, and what is not becomes two bytes that
-// are not, so that different names stay different.
+// A UTF-16 packet with one byte a character: structure is ASCII, and what is not becomes two bytes
+// that are not, so that different names stay different.
 std::string narrowed(std::string_view packet, Encoding encoding) {
+  const std::size_t high = encoding == Encoding::utf16BigEndian ? 0 : 1;
   std::string text;
-  text.reserve(packet.size() / encoding.width);
-  for (std::size_t i = 0; i + encoding.width <= packet.size(); i += encoding.width) {
-    const std::string_view unit = packet.substr(i, encoding.width);
-    const char low = encoding.bigEndian ? unit.back() : unit.front();
-    const char high = encoding.bigEndian ? unit[encoding.width - 2] : unit[1];
-    const bool isAscii = high == 0 && static_cast<unsigned char>(low) < 0x80;
-    if (isAscii) {
-      text += low;
-    } else {
-      text += {static_cast<char>(high | 0x80), static_cast<char>(low | 0x80)};
-    }
+  text.reserve(packet.size() / 2);
+  for (std::size_t i = 0; i + 1 < packet.size(); i += 2) {
+    const auto highByte = static_cast<unsigned char>(packet[i + high]);
+    const auto lowByte = static_cast<unsigned char>(packet[i + 1 - high]);
+    if (highByte != 0 || lowByte >= 0x80) text += static_cast<char>(highByte | 0x80);
+    text += static_cast<char>(highByte != 0 ? lowByte | 0x80 : lowByte);
   }
   return text;
 }
@@ -296,7 +284,7 @@ GuardedPacket guardPacket(std::string_view packet) {
     throw PacketRefused("Packet refused: more than 256 MiB of text");
   }
   const Encoding encoding = encodingOf(packet);
-  if (encoding.width == 1) return Scanner(packet).scan();
+  if (encoding == Encoding::bytes) return Scanner(packet).scan();
   const std::string narrow = narrowed(packet, encoding);
   GuardedPacket guarded = Scanner(narrow).scan();
   guarded.text = packet;

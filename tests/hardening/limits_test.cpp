@@ -107,6 +107,26 @@ TEST(Limits, WhatWouldSwellOrTakeTooLongIsRefused) {
             "a namespace URI with an odd character reference");
 }
 
+TEST(Limits, TagsCannotBeHiddenFromThem) {
+  // Each would end the inner elements for a reader that takes a comment, a quote or a blank
+  // otherwise than the parser does.
+  for (const char* start : {"<dc:s rdf:parseType='Resource'><!--></dc:s> -->",
+                            "<dc:s rdf:parseType='Resource'><!---></dc:s> -->",
+                            "<dc:s rdf:parseType='Resource'><![CDATA[]>]]><?x </dc:s>?>",
+                            "<dc:s&#x1;rdf:parseType='Resource'&#x1;dc:q='/'>",
+                            "<dc:s\x81rdf:parseType='Resource'\x81"
+                            "dc:q=\"/\">"}) {
+    EXPECT_EQ(errorOf(described(repeated(130, start) + repeated(130, "</dc:s>"))),
+              "more than 128 levels of elements")
+        << start;
+  }
+  const std::string declared = numbered(1100, [](const std::string& i) {
+    return "<rdf:li\x81xmlns:n='http://hidden.example/" + i + "'/>";
+  });
+  EXPECT_EQ(errorOf(described("<dc:l><rdf:Bag>" + declared + "</rdf:Bag></dc:l>")),
+            "more than 1,024 namespaces");
+}
+
 TEST(Limits, NamespacesOnOnePrefixGetVariantsOfIt) {
   const auto packetWith = [](const std::string& uri) {
     return described("<v:p xmlns:v='http://limits.example/&#47;&amp;" + uri + "'>1</v:p>");
