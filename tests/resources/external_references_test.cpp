@@ -115,7 +115,7 @@ TEST(Compaction, JoinsRunsOfNumberedImagesAndLeavesTheRest) {
       {"a_1.t p_101.t p_099.t,s,0,image,1 p_100.t p_097.t",
        "a_1.t p_097.t files:p_*.t#099-101,r,0,image,3"},
       {"p_001.t p_002.t p_002.t p_001.t", "p_001.t files:p_*.t#" + pair + " p_002.t"},
-      {"b_001.t a_001.t b_002.t", "files:b_*.t#" + pair + " a_001.t"},
+      {"b_0_001.t a_1_001.t b_0_002.t", "files:b_0_*.t#" + pair + " a_1_001.t"},
       {"p_999.t p_1000.t p_998.T P_998.t", "p_999.t p_1000.t p_998.T P_998.t"},
       {longest + "001.t " + longest + "002.t", "files:" + longest + "*.t#" + pair},
   };

@@ -1,0 +1,59 @@
+// soak [ROUNDS]: loads, changes and saves a packet over and over in one process. Memory that grows
+// after the first tenth of the rounds is a leak: then it fails.
+#include <XMPlib.h>
+#include <sys/resource.h>
+#include <unistd.h>
+
+#include <cstdlib>
+#include <fstream>
+#include <iostream>
+#include <iterator>
+
+namespace {
+
+long residentKilobytes() {
+  std::ifstream statm("/proc/self/statm");
+  long total = 0;
+  long resident = 0;
+  statm >> total >> resident;
+  return resident * (sysconf(_SC_PAGESIZE) / 1024);
+}
+
+std::string sample() {
+  std::ifstream file(XMPLIB_EXAMPLES "/folding_carton.xmp", std::ios::binary);
+  return {std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
+}
+
+// The packet after a round of typed changes.
+std::string changed(const std::string& packet, long round) {
+  XMPlib xmp;
+  xmp.SetXML(packet);
+  std::vector<XMPlInk> inks;
+  xmp.GetInks(inks);
+  if (!inks.empty()) inks.front().pct = static_cast<double>(round % 100);
+  xmp.SetInks(inks, true);
+  std::vector<XMPlExtRef> refs;
+  xmp.GetExtRefs(refs);
+  xmp.SetExtRefs(refs);
+  XMPlib copy(xmp);
+  copy.SetNrPages(static_cast<int>(round % 1000));
+  copy.MergeXML(packet, true);
+  return xmp.GetXMLPacket(false, 0);
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  const long rounds = argc > 1 ? std::atol(argv[1]) : 1'000'000;
+  const std::string original = sample();
+  std::string packet = original;
+  long settled = 0;
+  for (long round = 0; round < rounds; ++round) {
+    packet = changed(round % 100 == 0 ? original : packet, round);
+    if (round == rounds / 10) settled = residentKilobytes();
+  }
+  const long grown = residentKilobytes() - settled;
+  std::cout << rounds << " rounds; " << settled << " KB, grown by " << grown << " KB\n";
+  constexpr long kNoise = 1024;
+  return grown > kNoise ? 1 : 0;
+}
