@@ -362,8 +362,8 @@ class XMPLIB_API XMPlib {
 
   // Merges the packets of several digital films into one job on this handle. The first packet that
   // is complete (dimensions, inks, colour space, screens, used references, page ranges) is the base
-  // and gives the document's records; each complete later packet adds its inks, their screen
-  // groups, its DGC curves, and by `mode`:
+  // and gives the document's records; each later packet that has inks, screens and page ranges adds
+  // its inks, their screen groups, its DGC curves, and by `mode`:
   //   0      separations of the same pages: each added ink gets the next ink number in the first
   //          page range; the film version's structure becomes "Composite"
   //   1      further pages: the packet's first page range is renumbered to follow the stored ones;
@@ -373,15 +373,18 @@ class XMPLIB_API XMPlib {
   // first packet is loaded as by SetXML. None at all: nothing happens. Always true; ErrStr() is
   // what the last SetPagRanges or SetXML left. Incomplete packets are passed over silently.
   // Ink numbers go on from 0 where a page range has none; a screen group that a packet lacks is
-  // empty. Lets XMP_Error pass from the film data of unusable packets, with this handle unchanged.
+  // empty. XMP_Error from the film data of a packet, and what GetDgcs throws, pass to the caller
+  // with this handle unchanged.
   bool MergeXML(const std::vector<std::string>& packets, int mode, bool writeBookAndName);
 
   // Copies the properties of schemas that this library does not manage from another handle's
-  // metadata, in their form and with their qualifiers; a property that exists here stays as it is.
-  // Leaves out: all private and XMP core namespaces, dc:description, dc:format, pdf:Producer,
-  // pdf:Version and pdf:Trapped. Answers whether there was any such property, copied or not.
-  // Leaves the error text alone; a toolkit error (XMP_Error) passes to the caller, with the
-  // properties copied so far. False when either handle is without metadata.
+  // metadata, node by node, in their form and with their qualifiers. A value that exists here stays
+  // as it is; an array or structure that exists here gets the items and fields that it lacks. URIs
+  // become plain texts. Leaves out: all private and XMP core namespaces, dc:description, dc:format,
+  // and the values of pdf:Producer, pdf:Version and pdf:Trapped. Answers whether there was any such
+  // node, copied or not. Leaves the error text alone; a toolkit error (XMP_Error: an array here, a
+  // text there) passes to the caller, with the nodes copied so far. False when either handle is
+  // without metadata.
   bool MergeNonOrvo(const XMPlib* other);
 
   // Whether dc:format says that this is an Illustrator document,
