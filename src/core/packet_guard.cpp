@@ -10,14 +10,27 @@ namespace xmpl {
 namespace {
 
 constexpr std::size_t kNone = std::string_view::npos;
-constexpr std::string_view kNameEnds = " \t\r\n>/";
 constexpr std::size_t kIndent = 3;                     // of the toolkit's serialiser
 constexpr std::string_view kDefaultPrefix = "_dflt_";  // the toolkit's for "xmlns" alone
 
-bool isNameCharacter(char c) {
-  return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || (c >= '0' && c <= '9') || c == ':' ||
-         c == '_' || c == '-' || c == '.';
-}
+// A set of characters, to be asked for every character of a packet.
+class CharacterSet {
+ public:
+  consteval explicit CharacterSet(std::string_view characters) {
+    for (const char c : characters) has_[static_cast<unsigned char>(c)] = true;
+  }
+  constexpr bool has(char c) const { return has_[static_cast<unsigned char>(c)]; }
+
+ private:
+  std::array<bool, 256> has_{};
+};
+
+constexpr CharacterSet kNameCharacters(
+    "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789:_-.");
+constexpr CharacterSet kNameEnds(" \t\r\n>/");
+constexpr CharacterSet kTagStops("\"'>");
+
+bool isNameCharacter(char c) { return kNameCharacters.has(c); }
 bool isXmlBlank(char c) { return c == ' ' || c == '\n' || c == '\t' || c == '\r'; }
 
 std::string_view localName(std::string_view name) {
@@ -126,7 +139,7 @@ class Scanner {
     const std::size_t name = open + 1;
     std::size_t end = name;
     while (end < packet_.size() && isNameCharacter(packet_[end])) ++end;
-    const bool isWhole = end < packet_.size() && kNameEnds.find(packet_[end]) != kNone;
+    const bool isWhole = end < packet_.size() && kNameEnds.has(packet_[end]);
     openElement(isWhole ? localName(packet_.substr(name, end - name)) : "", open);
     const std::size_t close = scanAttributes(end);
     if (close == kNone) return false;
@@ -174,8 +187,10 @@ class Scanner {
   std::size_t scanAttributes(std::size_t from) {
     std::size_t count = 0;
     while (true) {
-      const std::size_t found = packet_.find_first_of("\"'>", from);
-      if (found == kNone || packet_[found] == '>') return found;
+      std::size_t found = from;
+      while (found < packet_.size() && !kTagStops.has(packet_[found])) ++found;
+      if (found == packet_.size()) return kNone;
+      if (packet_[found] == '>') return found;
       const std::size_t end = packet_.find(packet_[found], found + 1);
       if (end == kNone) return kNone;
       if (++count > limits::kAttributes) refuse("more than 4,096 attributes of one element", from);

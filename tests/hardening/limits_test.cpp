@@ -95,6 +95,17 @@ TEST(Limits, APacketAtALimitLoadsAndOneOverItIsRefused) {
   }
 }
 
+TEST(Limits, LeaveUtf16PacketsAsTheyAre) {
+  XMPlib xmp;
+  std::string text;
+  for (const bool bigEndian : {true, false}) {
+    const std::string mark = bigEndian ? "\xfe\xff" : "\xff\xfe";
+    xmp.SetXML(mark + utf16(packet("<vxSmartID:id>wide</vxSmartID:id>"), bigEndian));
+    EXPECT_TRUE(xmp.GetSmartID(text)) << xmp.ErrStr();
+    EXPECT_EQ(text, "wide");
+  }
+}
+
 TEST(Limits, WhatWouldSwellOrTakeTooLongIsRefused) {
   const std::string items =
       "<dc:l><rdf:Bag>" + repeated(3'000'000, "<rdf:li/>") + "</rdf:Bag></dc:l>";
