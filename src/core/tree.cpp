@@ -50,7 +50,7 @@ const XMP_Node* findItem(const XMP_Node& array, std::size_t index) {
   if ((array.options & kXMP_PropValueIsArray) == 0) {
     throw XMP_Error(kXMPErr_BadXPath, "Indexing applied to non-array");
   }
-  return index >= 1 && index <= array.children.size() ? array.children[index - 1] : nullptr;
+  return index <= array.children.size() ? array.children[index - 1] : nullptr;
 }
 
 const std::string& anyText(const XMP_Node& node) { return node.value; }

@@ -16,7 +16,10 @@ std::size_t slotsInUse() {
   const MetaRegistry& registry = MetaRegistry::instance();
   std::size_t used = 0;
   for (std::size_t slot = 0; slot < registry.size(); ++slot) {
-    if (registry.holders(static_cast<std::int32_t>(slot)) > 0) ++used;
+    const auto number = static_cast<std::int32_t>(slot);
+    const bool isUsed = registry.holders(number) > 0;
+    EXPECT_EQ(registry.metadata(number) != nullptr, isUsed);  // a free slot holds no object
+    if (isUsed) ++used;
   }
   return used;
 }
@@ -40,7 +43,9 @@ TEST(Handle, RecreatedAsSoleHolderKeepsItsSlot) {
   XMPlib a;
   const std::size_t used = slotsInUse();
   const std::size_t slots = MetaRegistry::instance().size();
+  EXPECT_FALSE(a.SetSmartID("\xff"));
   a.CreateXAP();
+  EXPECT_EQ(a.ErrStr(), "");
   EXPECT_EQ(slotsInUse(), used);
   EXPECT_EQ(MetaRegistry::instance().size(), slots);
 }
@@ -80,6 +85,9 @@ TEST(Handle, WithoutMetadataRefusesAndRecovers) {
     EXPECT_EQ(slotsInUse(), used);
     EXPECT_FALSE(empty.SetNrPages(1));
     EXPECT_EQ(empty.ErrStr(), "Illegal XAP");
+    empty.CreateXAP();
+    EXPECT_NE(empty.GetXML(), "");
+    empty.RemoveXAP();
     EXPECT_EQ(empty.GetXML(), "");
     EXPECT_EQ(empty.ErrStr(), "");
     empty.DumpXAP();

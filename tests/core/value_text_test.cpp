@@ -96,6 +96,7 @@ TEST(RealText, IsTheSameInALocaleWithADecimalComma) {
 
 TEST(IntegerText, ReadsWhatTheToolkitReads) {
   EXPECT_EQ(toInteger("-2147483648"), std::numeric_limits<std::int32_t>::min());
+  EXPECT_EQ(toInteger("2147483647"), std::numeric_limits<std::int32_t>::max());
   EXPECT_EQ(toInteger(" +17\n"), 17);
   EXPECT_EQ(toInteger("0x1F"), 31);
   EXPECT_EQ(errorOf(toInteger, "2147483648"), "Overflow condition");

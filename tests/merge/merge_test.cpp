@@ -47,7 +47,8 @@ void mergesLikeAPlainLoop(Record (*any)(), bool (XMPlib::*get)(std::vector<Recor
   };
   for (std::size_t round = 0; round < 300; ++round) {
     XMPlib xmp, source, expected;
-    std::vector<Record> list(round % 7), merged(round % 10);
+    const std::size_t most = round % 50 == 0 ? 100 : 10;  // also beyond what is sorted by insertion
+    std::vector<Record> list(dice() % most), merged(dice() % most);
     std::generate(list.begin(), list.end(), any);
     std::generate(merged.begin(), merged.end(), any);
     store(list, xmp);

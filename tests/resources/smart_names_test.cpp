@@ -37,6 +37,8 @@ TEST(SmartNames, OfTheWrongShapeAreTheToolkitsError) {
   EXPECT_FALSE(simple.GetSmartNames(names));
   EXPECT_EQ(simple.ErrStr(), "Indexing applied to non-array");
   EXPECT_TRUE(names.empty());
+  EXPECT_TRUE(simple.SetSmartNames({}));  // replaces whatever is there
+  EXPECT_EQ(stored(simple), "<vxSmNameL:smartnames><rdf:Bag/></vxSmNameL:smartnames>");
   Loaded texts(
       "<vxSmNameL:smartnames><rdf:Bag><rdf:li>text</rdf:li></rdf:Bag></vxSmNameL:smartnames>");
   EXPECT_FALSE(texts.GetSmartNames(names));
