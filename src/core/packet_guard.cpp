@@ -2,8 +2,6 @@
 
 #include <algorithm>
 #include <array>
-#include <charconv>
-#include <cstring>
 #include <set>
 
 namespace xmpl {
@@ -36,22 +34,6 @@ bool isXmlBlank(char c) { return c == ' ' || c == '\n' || c == '\t' || c == '\r'
 std::string_view localName(std::string_view name) {
   const std::size_t colon = name.find(':');
   return colon == kNone ? name : name.substr(colon + 1);
-}
-
-// The character that a reference ("&amp;", without its ends) stands for; 0 for one that no
-// namespace URI has reason to hold. The toolkit misreads hexadecimal ones.
-char referenced(std::string_view reference) {
-  constexpr std::pair<std::string_view, char> kNamed[] = {
-      {"amp", '&'}, {"lt", '<'}, {"gt", '>'}, {"quot", '"'}, {"apos", '\''}};
-  for (const auto& [name, character] : kNamed) {
-    if (reference == name) return character;
-  }
-  if (!reference.starts_with('#')) return 0;
-  unsigned value = 0;
-  const char* const end = reference.data() + reference.size();
-  const auto parsed = std::from_chars(reference.data() + 1, end, value);
-  const bool isAscii = parsed.ec == std::errc() && parsed.ptr == end && value > ' ' && value < 0x7F;
-  return isAscii ? static_cast<char>(value) : '\0';
 }
 
 // An element that is still open.
@@ -224,24 +206,13 @@ class Scanner {
   void noteDeclaration(std::string_view name, std::string_view uri, std::size_t position) {
     if (uri.empty() || !declared_.insert(uri).second) return;
     if (declared_.size() > limits::kNamespaces) refuse("more than 1,024 namespaces", position);
+    // The toolkit writes URIs as they are: such a one would end the attribute that holds it.
+    if (uri.find_first_of("&\"") != kNone) {
+      refuse("a namespace URI with a quote or a character reference", position);
+    }
     const std::size_t colon = name.find(':');
     const std::string_view prefix = colon == kNone ? kDefaultPrefix : name.substr(colon + 1);
-    result_.declarations.push_back({std::string(prefix), resolved(uri, position)});
-  }
-
-  static std::string resolved(std::string_view value, std::size_t position) {
-    std::string uri;
-    while (true) {
-      const std::size_t ampersand = value.find('&');
-      uri += value.substr(0, ampersand);
-      if (ampersand == kNone) return uri;
-      const std::size_t end = value.find(';', ampersand);
-      const char character =
-          end == kNone ? '\0' : referenced(value.substr(ampersand + 1, end - ampersand - 1));
-      if (character == '\0') refuse("a namespace URI with an odd character reference", position);
-      uri += character;
-      value.remove_prefix(end + 1);
-    }
+    result_.declarations.push_back({std::string(prefix), std::string(uri)});
   }
 
   // An upper estimate: every tag on a line of its own, indented by its depth.
