@@ -1,0 +1,128 @@
+// Every kind of record with its Get and Set, and packets of them.
+#pragma once
+
+#include "target.h"
+
+template <class Value>
+struct Kind {
+  std::function<bool(XMPlib&, Value&)> get;
+  std::function<bool(XMPlib&, const Value&)> set;
+  bool keepsAll = true;  // a Get gives what was set
+};
+
+template <class Value, class Set>
+Kind<Value> kind(bool (XMPlib::*get)(Value&) const, Set set) {
+  return {get, set};
+}
+
+// An operation that lets errors of that type pass.
+template <class Error, class Operation>
+auto passing(Operation operation) {
+  return [operation](XMPlib& xmp, auto& value) {
+    return attempt<Error>([&] { return std::invoke(operation, xmp, value); }).value_or(false);
+  };
+}
+
+// An operation with its flag set.
+template <class Operation>
+auto flagged(Operation operation) {
+  return [operation](XMPlib& xmp, auto& value) { return (xmp.*operation)(value, true); };
+}
+
+inline bool getExpanded(XMPlib& xmp, std::vector<XMPlExtRef>& refs) {
+  xmp.GetExtRefs(refs, true);
+  return !isSlow(filesIn(refs)) && xmp.GetExtRefs(refs);
+}
+
+// An input picks a kind by its place: new ones go to the end.
+template <class Visit>
+void forEachKind(const Visit& visit) {
+  using X = XMPlib;
+  using Refs = std::vector<XMPlExtRef>;
+  using GetRefs = bool (X::*)(Refs&, bool) const;
+  using SetRefs = bool (X::*)(const Refs&, bool);
+  const auto visitAll = [&](const auto&... kinds) { (visit(kinds), ...); };
+  visitAll(
+      kind(&X::GetNrPages, &X::SetNrPages), kind(&X::GetScreenReg, &X::SetScreenReg),
+      kind(&X::GetIsTrapped, &X::SetIsTrapped), kind(&X::GetStartLogPage, &X::SetStartLogPage),
+      kind(&X::GetSmartID, &X::SetSmartID), kind(&X::GetRectoVerso, &X::SetRectoVerso),
+      kind(&X::GetPDFNativeVersion, &X::SetPDFNativeVersion),
+      kind(&X::GetPDFNativeType, &X::SetPDFNativeType),
+      kind(&X::GetPDFNativeVindrelVersion, &X::SetPDFNativeVindrelVersion),
+      kind(&X::GetDigitalFilmVersion, &X::SetDigitalFilmVersion),
+      kind(&X::GetNrInksOriginalDocument, &X::SetNrInksOriginalDocument),
+      kind(&X::GetDigitalJobVersion, &X::SetDigitalJobVersion),
+      kind(&X::GetVDPVersion, &X::SetVDPVersion), kind(&X::GetJobData, &X::SetJobData),
+      kind(&X::GetProdData, &X::SetProdData), kind(&X::GetDocumentData, &X::SetDocumentData),
+      kind(&X::GetDocumentVersion, &X::SetDocumentVersion), kind(&X::GetBaseDoc, &X::SetBaseDoc),
+      kind(&X::GetDimDat, &X::SetDimDat), kind(&X::GetColorSpace, &X::SetColorSpace),
+      kind(&X::GetInks, flagged(&X::SetInks)), kind(&X::GetInkProperties, &X::SetInkProperties),
+      kind(&X::GetScreens, &X::SetScreens), kind(&X::GetScreenContainer, &X::SetScreenContainer),
+      kind(&X::GetUsedRefs, &X::SetUsedRefs), kind(&X::GetOldExtRefs, &X::SetOldExtRefs),
+      kind(&X::GetCadFiles, &X::SetCadFiles), kind(&X::GetFonts, &X::SetFonts),
+      kind(&X::GetBarcodes, &X::SetBarcodes), kind(&X::GetLayers, &X::SetLayers),
+      kind(&X::GetPagRanges, &X::SetPagRanges), kind(&X::GetSmartNames, &X::SetSmartNames),
+      kind(&X::GetRepeats, &X::SetRepeats),
+      Kind<Refs>{flagged(GetRefs(&X::GetExtRefs)), flagged(SetRefs(&X::SetExtRefs))},
+      Kind<Refs>{passing<std::logic_error>(getExpanded),
+                 [](X& xmp, const Refs& refs) { return xmp.SetExtRefs(refs); }, false},
+      Kind<std::vector<XMPlDgcc>>{passing<std::length_error>(&X::GetDgcs), &X::SetDgcs},
+      Kind<std::vector<XMPlInkDigFilm>>{passing<XMP_Error>(&X::GetInksDigFilm),
+                                        flagged(&X::SetInksDigFilm)},
+      Kind<XMPlDigFilmVersion>{passing<XMP_Error>(&X::GetDigitalFilmVersionDetailed),
+                               &X::SetDigitalFilmVersionDetailed},
+      Kind<XMPlDimDatDigFilm>{passing<XMP_Error>(&X::GetDimDatDigFilm),
+                              passing<XMP_Error>(&X::SetDimDatDigFilm)},
+      Kind<XMPlCadReg>{&X::GetCadReg, [](X& xmp, XMPlCadReg reg) { return xmp.SetCadReg(reg); }});
+}
+
+inline bool succeeds(const XMPlib& xmp, bool result) {
+  expect(!result || xmp.ErrStr().empty(), "an operation that met an error fails");
+  return result;
+}
+
+// Reads every record, then writes each that was found.
+inline void rewrite(XMPlib& xmp) {
+  std::vector<std::function<void()>> writes;
+  forEachKind([&]<class Value>(const Kind<Value>& kind) {
+    Value value{};
+    if (!succeeds(xmp, kind.get(xmp, value))) return;
+    writes.push_back([&xmp, kind, value] { succeeds(xmp, kind.set(xmp, value)); });
+  });
+  for (const auto& write : writes) write();
+}
+
+// An input that begins with "|" is a packet in short: between its bars, "<name" opens an element,
+// ">" closes it, and all else is text.
+inline std::string packetOf(std::string_view input) {
+  if (!input.starts_with('|')) return std::string(input);
+  std::string text;
+  std::vector<std::string> open;
+  for (Fields fields(input.substr(1)); !fields.atEnd() || !open.empty();) {
+    const std::string field = fields.atEnd() ? ">" : fields.next();
+    if (field.starts_with('<')) {
+      text += field + ">";
+      open.push_back(field.substr(1, field.find(' ') - 1));
+    } else if (field != ">") {
+      text += field;
+    } else if (!open.empty()) {
+      text += "</" + open.back() + ">";
+      open.pop_back();
+    }
+  }
+  return packet(text);
+}
+
+inline std::string saved(const XMPlib& xmp) {
+  const std::string text = xmp.GetXMLPacket(false, 1);
+  expect(xmp.ErrStr().empty(), "what is in a handle can be saved");
+  return text;
+}
+
+// Loads what the library has saved.
+struct Reloaded : XMPlib {
+  explicit Reloaded(const std::string& text) {
+    SetXML(text);
+    expect(ErrStr().empty(), "a saved packet can be loaded");
+  }
+};
