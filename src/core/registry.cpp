@@ -34,14 +34,14 @@ void MetaRegistry::share(std::int32_t slot) { ++entry(slot).refcount; }
 
 void MetaRegistry::release(std::int32_t slot) {
   MetaEntry& released = entry(slot);
-  if (--released.refcount <= 0) released.meta.reset();
+  if (--released.refcount > 0) return;
+  released.meta.reset();
+  firstFree_ = std::min(firstFree_, static_cast<std::size_t>(slot));
 }
 
-std::size_t MetaRegistry::lowestFreeSlot() const {
-  const auto free = std::find_if(entries_.begin(), entries_.end(), [](const MetaEntry& candidate) {
-    return candidate.refcount <= 0;
-  });
-  return static_cast<std::size_t>(free - entries_.begin());
+std::size_t MetaRegistry::lowestFreeSlot() {
+  while (firstFree_ < entries_.size() && entries_[firstFree_].refcount > 0) ++firstFree_;
+  return firstFree_;
 }
 
 }  // namespace xmpl

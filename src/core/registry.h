@@ -43,10 +43,11 @@ class MetaRegistry {
     return entries_[static_cast<std::size_t>(slot)];
   }
   MetaEntry& entry(std::int32_t slot) { return entries_[static_cast<std::size_t>(slot)]; }
-  std::size_t lowestFreeSlot() const;
+  std::size_t lowestFreeSlot();
 
   std::mutex mutex_;
   std::vector<MetaEntry> entries_;  // never shrinks
+  std::size_t firstFree_ = 0;       // no slot below it is free
   bool toolkitStarted_ = false;
 };
 
