@@ -3,20 +3,6 @@
 
 namespace {
 
-// The reads that no kind of record has.
-void readOtherForms(XMPlib& xmp) {
-  std::vector<XMPlInk> inks;
-  xmp.GetInks(inks, true);
-  std::vector<XMPlScreen> screens;
-  xmp.GetScreens(screens, 1);
-  std::vector<XMPlFont> fonts;
-  xmp.GetFonts(fonts, false);
-  std::vector<XMPlUsedDigFilmRef> jobs;
-  xmp.GetUsedDigitalJobRefs(jobs);
-  xmp.IsNonPDFCompatible();
-  attempt<XMP_Error>([&] { return xmp.DumpXAP(), true; });
-}
-
 std::string rewritten(const std::string& text) {
   Reloaded xmp(text);
   rewrite(xmp);
@@ -28,7 +14,16 @@ std::string rewritten(const std::string& text) {
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   XMPlib xmp;
   expect(xmp.SetXML(packetOf(textOf(data, size))), "SetXML answers true");
-  readOtherForms(xmp);
+  std::vector<XMPlInk> inks;
+  xmp.GetInks(inks, true);
+  std::vector<XMPlScreen> screens;
+  xmp.GetScreens(screens, 1);
+  std::vector<XMPlFont> fonts;
+  xmp.GetFonts(fonts, false);
+  std::vector<XMPlUsedDigFilmRef> jobs;
+  xmp.GetUsedDigitalJobRefs(jobs);
+  xmp.IsNonPDFCompatible();
+  attempt<XMP_Error>([&] { return xmp.DumpXAP(), true; });
   rewrite(xmp);
   // The first rewriting moves records of older layouts, the second reals that were cut.
   const std::string settled = rewritten(saved(xmp));

@@ -13,55 +13,47 @@ std::string storedText(std::string text) {
   return text;
 }
 
-// The values as a Get gives them, but for fields that are not stored.
+std::string storedReal(double value) {
+  return xmpl::realText(xmpl::toReal(xmpl::realText(value)));  // what was cut settles at once
+}
+
+// The fields as they are stored, all of them; screens end at the first empty group.
 template <class Value>
-void store(Value& value) {
-  const auto cut = []<class List>(List& list) {
+std::vector<std::string> storedTexts(Value value) {
+  std::vector<std::string> texts;
+  const auto enter = [&]<class List>(List& list) {
     if constexpr (std::is_same_v<List, std::vector<std::vector<XMPlScreen>>>) {
       list.erase(std::find(list.begin(), list.end(), std::vector<XMPlScreen>()), list.end());
     }
+    texts.push_back(std::to_string(list.size()));
   };
-  visitFields(value, cut, []<class Field>(Field& field) {
+  visitFields(value, enter, [&]<class Field>(const Field& field) {
     constexpr bool isDgc = std::is_same_v<Value, std::vector<XMPlDgcc>>;
-    if constexpr (std::is_same_v<Field, std::string>) field = storedText(field);
-    if constexpr (std::is_same_v<Field, std::int64_t>) field = static_cast<std::int32_t>(field);
-    if constexpr (std::is_same_v<Field, double>) {
-      const std::string text = isDgc ? xmpl::fixedText(field, 6) : xmpl::realText(field);
-      field = std::strtod(text.c_str(), nullptr);
+    if constexpr (std::is_same_v<Field, std::string>) {
+      texts.push_back(storedText(field));
+    } else if constexpr (std::is_same_v<Field, double>) {
+      texts.push_back(isDgc ? xmpl::fixedText(field, 6) : storedReal(field));
+    } else {
+      texts.push_back(std::to_string(static_cast<std::int32_t>(field)));
     }
   });
-}
-
-template <class Value>
-std::vector<std::string> textsOf(Value value) {
-  if constexpr (std::is_same_v<Value, std::vector<XMPlFont>>) {
-    const auto isLess = [](auto& a, auto& b) { return fieldsOf(a) < fieldsOf(b); };
-    std::sort(value.begin(), value.end(), isLess);
-  }
-  std::vector<std::string> texts;
-  const auto add = [&](const auto& field) {
-    std::ostringstream text;
-    text.precision(17);
-    text << field;
-    texts.push_back(text.str());
-  };
-  visitFields(
-      value, [&](const auto& list) { add(list.size()); }, add);
+  constexpr bool isSorted = std::is_same_v<Value, std::vector<XMPlFont>>;
+  if (isSorted) std::sort(texts.begin(), texts.end());
   return texts;
 }
 
-// Fields that a flag or an emptiness keeps from being stored are their defaults; a dot name is the
-// dot shape before it.
+// A field that a flag or an emptiness keeps from being stored is its default, a dot name the dot
+// shape before it, and "now" a date.
 template <class Value>
-void expectRead(const Kind<Value>& kind, XMPlib& xmp, const Value& stored) {
+void expectRead(const Kind<Value>& kind, XMPlib& xmp, const Value& written) {
   Value value{};
   succeeds(xmp, kind.get(xmp, value));
-  const std::vector<std::string> read = textsOf(value), wanted = textsOf(stored);
+  const std::vector<std::string> read = storedTexts(value), wanted = storedTexts(written);
   expect(read.size() == wanted.size(), "all of what was written is read");
   for (std::size_t i = 0; i < read.size(); ++i) {
     const bool isDefault = std::strstr("|0|1|-1||unknown|", ("|" + read[i] + "|").c_str());
-    expect(read[i] == wanted[i] || isDefault || (i > 0 && read[i] == wanted[i - 1]) ||
-               wanted[i] == "now",
+    const bool isEarlier = i > 0 && read[i] == wanted[i - 1];
+    expect(read[i] == wanted[i] || isDefault || isEarlier || wanted[i] == "now",
            "what was written is read");
   }
 }
@@ -81,7 +73,6 @@ void roundTrip(const Kind<Value>& kind, std::string_view input) {
     return;  // TEMP
   Reloaded reloaded(saved(xmp));
   if (!written || !kind.keepsAll) return;
-  store(value);
   expectRead(kind, xmp, value);
   expectRead(kind, reloaded, value);
 }

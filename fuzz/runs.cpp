@@ -7,13 +7,15 @@ namespace {
 
 using Refs = std::vector<XMPlExtRef>;
 
-// "prefix_" "0123" ".extension", taken apart from the end.
+// What the names of a group have in common: prefix, extension, count of digits.
+using Group = std::tuple<std::string, std::string, int>;
+
 struct Image {
-  std::string prefix, extension;
-  int digits;
+  Group group;
   std::int64_t number;
 };
 
+// Takes the name apart from its end.
 std::optional<Image> imageIn(const XMPlExtRef& ref) {
   const std::string& name = ref.instanceID;
   const std::size_t dot = name.rfind('.');
@@ -22,51 +24,40 @@ std::optional<Image> imageIn(const XMPlExtRef& ref) {
   while (first > 0 && name[first - 1] >= '0' && name[first - 1] <= '9') --first;
   const auto digits = static_cast<int>(dot - first);
   if (digits < 3 || digits > 9 || first == 0 || name.rfind('_') != first - 1) return {};
-  return Image{name.substr(0, first), name.substr(dot), digits, std::atoi(&name[first])};
+  return Image{{name.substr(0, first), name.substr(dot), digits}, std::atoi(&name[first])};
 }
 
 std::string padded(std::int64_t number, int width) {
   std::string text(static_cast<std::size_t>(width) + 32, ' ');
-  text.resize(static_cast<std::size_t>(
-      std::snprintf(text.data(), text.size(), "%0*d", width, static_cast<int>(number))));
-  return text;
+  const int size = std::snprintf(text.data(), text.size(), "%0*d", width, static_cast<int>(number));
+  return text.substr(0, static_cast<std::size_t>(size));
 }
 
-// A run of the image and the `more` that follow it.
-std::string runName(const Image& image, std::int64_t more) {
-  const std::string first = padded(image.number, image.digits);
-  if (more == 0) return image.prefix + first + image.extension;
-  const bool isFile = image.prefix.starts_with("file:");
-  return "files:" + image.prefix.substr(isFile ? 5 : 0) + "*" + image.extension + "#" + first +
-         "-" + padded(image.number + more, image.digits);
+std::string runName(const Group& group, std::int64_t first, std::int64_t last) {
+  const auto& [prefix, extension, digits] = group;
+  if (first == last) return prefix + padded(first, digits) + extension;
+  return "files:" + prefix.substr(prefix.starts_with("file:") ? 5 : 0) + "*" + extension + "#" +
+         padded(first, digits) + "-" + padded(last, digits);
 }
 
 Refs simplified(const Refs& refs) {
   Refs list;
-  std::vector<std::tuple<XMPlExtRef, Image, std::multiset<std::int64_t>>> groups;
-  for (const XMPlExtRef& ref : refs) {
+  std::copy_if(refs.begin(), refs.end(), std::back_inserter(list),
+               [](const XMPlExtRef& ref) { return !imageIn(ref); });
+  std::set<Group> done;
+  for (XMPlExtRef ref : refs) {
     const std::optional<Image> image = imageIn(ref);
-    if (!image) {
-      list.push_back(ref);
-      continue;
+    if (!image || !done.insert(image->group).second) continue;
+    std::multiset<std::int64_t> numbers;
+    for (const XMPlExtRef& other : refs) {
+      const std::optional<Image> like = imageIn(other);
+      if (like && like->group == image->group) numbers.insert(like->number);
     }
-    const auto group = std::find_if(groups.begin(), groups.end(), [&](const auto& candidate) {
-      const Image& like = std::get<1>(candidate);
-      return image->prefix == like.prefix && image->extension == like.extension &&
-             image->digits == like.digits;
-    });
-    if (group == groups.end()) {
-      groups.push_back({ref, *image, {image->number}});
-    } else {
-      std::get<2>(*group).insert(image->number);
-    }
-  }
-  for (auto& [ref, image, numbers] : groups) {
     for (auto number = numbers.begin(); number != numbers.end();) {
-      image.number = *number;
+      const std::int64_t first = *number;
       ref.count = 0;
-      while (number != numbers.end() && *number == image.number + ref.count) ++number, ++ref.count;
-      ref.instanceID = runName(image, ref.count - 1);
+      while (number != numbers.end() && *number == first + ref.count) ++number, ++ref.count;
+      ref.instanceID = runName(image->group, first, first + ref.count - 1);
       list.push_back(ref);
     }
   }
@@ -77,15 +68,20 @@ Refs simplified(const Refs& refs) {
 std::optional<Refs> expanded(const Refs& refs) {
   Refs list;
   for (const XMPlExtRef& ref : refs) {
-    if (!isRun(ref.instanceID)) {
+    const std::string& name = ref.instanceID;
+    if (!isRun(name)) {
       list.push_back(ref);
       continue;
     }
-    const Run run(ref.instanceID);
-    if (!run.isWhole) return {};
-    for (std::int64_t number = run.first; number <= run.last; ++number) {
-      const std::string name = "file:" + run.prefix + padded(number, run.width) + run.extension;
-      list.push_back({name, ref.renditionClass, 0, ref.type, 1});
+    const std::size_t star = name.rfind('*'), hash = name.rfind('#'), dash = name.find('-', hash);
+    if (star == name.npos || hash == name.npos || dash == name.npos) return {};
+    const std::string digits = name.substr(hash + 1, dash - hash - 1);
+    const std::string extension = star < hash ? name.substr(star + 1, hash - star - 1) : "";
+    const int last = std::atoi(name.substr(dash + 1).c_str());
+    for (std::int64_t number = std::atoi(digits.c_str()); number <= last; ++number) {
+      const std::string padding = padded(number, static_cast<int>(digits.size()));
+      list.push_back({"file:" + name.substr(6, star - 6) + padding + extension, ref.renditionClass,
+                      0, ref.type, 1});
     }
   }
   return list;
@@ -108,7 +104,7 @@ std::multiset<std::string> namesIn(const Refs& refs) {
 bool comesBack(const XMPlExtRef& ref) {
   const std::optional<Image> image = imageIn(ref);
   return image && !isRun(ref.instanceID) &&
-         image->extension.find_first_of("*#") == std::string::npos;
+         std::get<1>(image->group).find_first_of("*#") == std::string::npos;
 }
 
 }  // namespace

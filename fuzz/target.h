@@ -67,34 +67,17 @@ void take(Fields& input, Value& value) {
   });
 }
 
-// A compacted run, taken apart.
-struct Run {
-  explicit Run(const std::string& name) {
-    const std::size_t star = name.rfind('*'), hash = name.rfind('#'), dash = name.find('-', hash);
-    isWhole = star != name.npos && hash != name.npos && dash != name.npos;
-    if (!isWhole) return;
-    prefix = name.substr(6, star - 6);
-    if (star < hash) extension = name.substr(star + 1, hash - star - 1);
-    width = static_cast<int>(dash - hash - 1);
-    first = std::atoi(name.substr(hash + 1, dash - hash - 1).c_str());
-    last = std::atoi(name.substr(dash + 1).c_str());
-  }
-
-  bool isWhole;
-  std::string prefix, extension;
-  int width = 0;
-  std::int64_t first = 0, last = -1;
-};
-
 inline bool isRun(const std::string& name) { return strncasecmp(name.c_str(), "files:", 6) == 0; }
 
 // The number of files in all runs.
 inline std::int64_t filesIn(const std::vector<XMPlExtRef>& refs) {
   std::int64_t files = 0;
   for (const XMPlExtRef& ref : refs) {
-    if (!isRun(ref.instanceID)) continue;
-    const Run run(ref.instanceID);
-    files += std::max<std::int64_t>(run.last - run.first + 1, 0);
+    const std::string& name = ref.instanceID;
+    const std::size_t hash = name.rfind('#'), dash = name.find('-', hash);
+    if (!isRun(name) || hash == name.npos || dash == name.npos) continue;
+    const std::int64_t first = std::atoi(name.substr(hash + 1, dash - hash - 1).c_str());
+    files += std::max<std::int64_t>(std::atoi(name.substr(dash + 1).c_str()) - first + 1, 0);
   }
   return files;
 }
