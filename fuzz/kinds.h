@@ -98,7 +98,7 @@ inline std::string packetOf(std::string_view input) {
 }
 
 inline std::string saved(const XMPlib& xmp) {
-  const std::string text = xmp.GetXMLPacket(false, 1);
+  std::string text = xmp.GetXMLPacket(false, 1);
   expect(xmp.ErrStr().empty(), "what is in a handle can be saved");
   return text;
 }

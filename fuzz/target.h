@@ -40,7 +40,7 @@ class Fields {
 
   bool atEnd() const { return rest_.empty(); }
   std::string next() {
-    const std::string field(rest_.substr(0, rest_.find('|')));
+    std::string field(rest_.substr(0, rest_.find('|')));
     rest_.remove_prefix(std::min(field.size() + 1, rest_.size()));
     return field;
   }
