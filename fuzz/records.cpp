@@ -68,9 +68,6 @@ void roundTrip(const Kind<Value>& kind, std::string_view input) {
   const bool written = succeeds(xmp, kind.set(xmp, value));
   const bool isAscii = std::all_of(input.begin(), input.end(), [](char c) { return c >= 0; });
   expect(written || !isAscii, "ASCII can be written");
-  if (input.find_first_of("\xC0\xC1\xE0\xF0") != input.npos) return;  // TEMP
-  if (std::is_same_v<Value, std::vector<XMPlRepeat>> && input.find(char(0)) != input.npos)
-    return;  // TEMP
   Reloaded reloaded(saved(xmp));
   if (!written || !kind.keepsAll) return;
   expectRead(kind, xmp, value);

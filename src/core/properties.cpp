@@ -47,6 +47,7 @@ bool PropertyReader::boolean(PropertyName name, bool& value) const {
 }
 
 void PropertyWriter::text(PropertyName name, const std::string& value) const {
+  refuseOverlong(value.c_str());
   metadata_.SetProperty(name.schema, name.path, value);
 }
 
@@ -75,6 +76,7 @@ void PropertyWriter::emptyStructure(PropertyName name) const {
 }
 
 void PropertyWriter::defaultLanguage(PropertyName name, const std::string& text) const {
+  refuseOverlong(text.c_str());
   metadata_.SetProperty(name.schema, name.path, nullptr, kXMP_PropArrayIsAltText);
   const std::string item = std::string(name.path) + "[1]";
   try {

@@ -130,6 +130,19 @@ bool toBoolean(const std::string& text) {
   return ToolkitUtils::ConvertToBool(text);
 }
 
+void refuseOverlong(const char* text) {
+  const auto byte = [](char c) { return static_cast<unsigned char>(c); };
+  for (; *text != '\0'; ++text) {
+    const unsigned lead = byte(text[0]), next = byte(text[1]);
+    if (lead < 0xC0) continue;
+    const unsigned least = lead <= 0xC1 ? 0xC0 : lead == 0xE0 ? 0xA0 : lead == 0xF0 ? 0x90 : 0;
+    const bool isContinued = next >= 0x80;  // else it is no UTF-8 at all, which the toolkit refuses
+    if (isContinued && next < least) {
+      throw XMP_Error(kXMPErr_BadParam, "Bad UTF-8 - overlong form");
+    }
+  }
+}
+
 std::string integerText(std::int32_t value) { return std::to_string(value); }
 
 std::string_view booleanText(bool value) { return value ? kXMP_TrueStr : kXMP_FalseStr; }

@@ -18,6 +18,10 @@ bool toBoolean(const std::string& text);
 std::string integerText(std::int32_t value);
 std::string_view booleanText(bool value);
 
+// Throws XMP_Error for UTF-8 that encodes a character in more bytes than it needs. The toolkit
+// would store it, and no parser would read the packet again.
+void refuseOverlong(const char* text);
+
 // A real as the packet holds it: at most 10 significant digits, no exponent.
 std::string realText(double value);
 

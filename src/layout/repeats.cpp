@@ -39,9 +39,10 @@ bool readRepeat(const ItemReader& item, XMPlRepeat& repeat) {
 }
 
 void writePlacement(const ItemWriter& item, const XMPlRepeat& repeat) {
-  if (repeat.type == kDie) {
+  const std::string_view type = repeat.type.c_str();  // as it is stored: up to a NUL
+  if (type == kDie) {
     item.text("vxSRRep:stationname", repeat.stationname);
-  } else if (repeat.type == kGrid) {
+  } else if (type == kGrid) {
     item.integer("vxSRRep:vnr", repeat.vnr);
     item.integer("vxSRRep:hnr", repeat.hnr);
   }

@@ -192,6 +192,14 @@ TEST(ToolkitChanges, AreThoseThatAreDocumented) {
   EXPECT_TRUE(xmp.SetSmartID(std::string("a\0b", 3)));
   EXPECT_TRUE(xmp.GetSmartID(text));
   EXPECT_EQ(text, "a");
+  for (const char* overlong : {"\xc0\xbc", "a\xc1\x81", "\xe0\x9f\xbf", "\xf0\x8f\xbf\xbf"}) {
+    EXPECT_FALSE(xmp.SetSmartID(overlong) || xmp.SetLayers({{overlong, true, true}}));
+    EXPECT_EQ(xmp.ErrStr(), "Bad UTF-8 - overlong form");
+  }
+  for (const char* shortest : {"\xc2\x80", "\xe0\xa0\x80", "\xf0\x90\x80\x80"}) {
+    EXPECT_TRUE(xmp.SetSmartID(shortest));
+  }
+  EXPECT_TRUE(xmp.SetSmartID("a"));
   EXPECT_FALSE(xmp.SetSmartID("\xef\xbf\xbe"));
   EXPECT_EQ(xmp.ErrStr(), "U+FFFE and U+FFFF are not allowed in XML");
   EXPECT_TRUE(xmp.GetSmartID(text));
