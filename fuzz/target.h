@@ -9,7 +9,7 @@
 #include <string_view>
 
 #include "core/toolkit.h"
-#include "fields.h"
+#include "support/records.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size);
 
@@ -48,6 +48,19 @@ class Fields {
  private:
   std::string_view rest_;
 };
+
+// Visits every single value in a value, a record or a list; calls `enter` for a list before.
+template <class Value, class Enter, class Visit>
+void visitFields(Value& value, const Enter& enter, const Visit& visit) {
+  if constexpr (requires { fieldsOf(value); }) {
+    std::apply([&](auto&... field) { (visitFields(field, enter, visit), ...); }, fieldsOf(value));
+  } else if constexpr (requires { value.emplace_back(); }) {
+    enter(value);
+    for (auto& item : value) visitFields(item, enter, visit);
+  } else {
+    visit(value);
+  }
+}
 
 // Fills a value from the input; a list begins with the number of its items.
 template <class Value>

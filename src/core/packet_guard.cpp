@@ -2,6 +2,8 @@
 
 #include <algorithm>
 #include <array>
+#include <charconv>
+#include <cstdint>
 #include <set>
 
 namespace xmpl {
@@ -36,6 +38,45 @@ std::string_view localName(std::string_view name) {
   return colon == kNone ? name : name.substr(colon + 1);
 }
 
+bool isXmlCharacter(std::uint32_t c) {
+  return c == 0x9 || c == 0xA || c == 0xD || (c >= 0x20 && c <= 0xD7FF) ||
+         (c >= 0xE000 && c <= 0xFFFD) || (c >= 0x10000 && c <= 0x10FFFF);
+}
+
+// Whether "&name;" is a reference that every XML parser knows.
+bool isReference(std::string_view name) {
+  if (!name.starts_with('#')) {
+    constexpr std::array<std::string_view, 5> kNames{"amp", "lt", "gt", "quot", "apos"};
+    return std::find(kNames.begin(), kNames.end(), name) != kNames.end();
+  }
+  const bool isHexadecimal = name.starts_with("#x");
+  name.remove_prefix(isHexadecimal ? 2 : 1);
+  const char* const end = name.data() + name.size();
+  std::uint32_t character = 0;
+  const auto [stop, error] = std::from_chars(name.data(), end, character, isHexadecimal ? 16 : 10);
+  return error == std::errc() && stop == end && isXmlCharacter(character);
+}
+
+bool hasOnlyReferences(std::string_view text) {
+  for (std::size_t i = text.find('&'); i != kNone; i = text.find('&', i + 1)) {
+    const std::size_t end = text.find(';', i);
+    if (end == kNone || !isReference(text.substr(i + 1, end - i - 1))) return false;
+  }
+  return true;
+}
+
+std::string replaced(std::string_view text, char character, std::string_view by) {
+  std::string result;
+  for (const char c : text) {
+    if (c == character) {
+      result += by;
+    } else {
+      result += c;
+    }
+  }
+  return result;
+}
+
 // An element that is still open.
 struct Element {
   std::size_t namedChildren = 0;  // all but array items
@@ -45,7 +86,8 @@ struct Element {
 
 class Scanner {
  public:
-  explicit Scanner(std::string_view packet) : packet_(packet) {
+  // What the toolkit shall parse may differ from the packet only where that may be edited.
+  Scanner(std::string_view packet, bool mayEdit) : packet_(packet), mayEdit_(mayEdit) {
     result_.text.reserve(packet.size());
   }
 
@@ -90,8 +132,7 @@ class Scanner {
     if (begin == end || !betweenTags || !isXmlBlank(packet_[begin])) return;
     const std::string_view text = packet_.substr(begin, end - begin);
     if (!std::all_of(text.begin(), text.end(), isXmlBlank)) return;
-    result_.text.append(packet_.substr(copied_, begin - copied_));
-    copied_ = end;
+    replace(begin, end, "");
   }
 
   // Comments, CDATA sections and processing instructions, each up to its own end.
@@ -177,15 +218,26 @@ class Scanner {
       if (end == kNone) return kNone;
       if (++count > limits::kAttributes) refuse("more than 4,096 attributes of one element", from);
       countSearch(count, from);
-      noteAttribute(attributeName(packet_.substr(from, found - from)),
-                    packet_.substr(found + 1, end - found - 1), from);
+      noteAttribute(packet_.substr(from, found - from), packet_.substr(found + 1, end - found - 1),
+                    from);
       from = end + 1;
     }
   }
 
-  // What stands in a tag before a quoted value: blanks, the name, "=", blanks. Much is a blank
-  // here: before it parses, the toolkit makes blanks of control characters, of references to them
-  // and of some bytes that are not UTF-8.
+  // `before` is what stands in a tag before a quoted value: blanks, the name, "=", blanks. Much is
+  // a blank here: before it parses, the toolkit makes blanks of control characters, of references
+  // to them and of some bytes that are not UTF-8.
+  void noteAttribute(std::string_view before, std::string_view value, std::size_t position) {
+    serialised_ += kIndent * depth_;  // it may come out as an element of its own
+    const std::size_t declaration = declarationIn(before);
+    const bool declares = declaration != kNone;
+    const bool isPlain = declares && declaration > 0 && isXmlBlank(before[declaration - 1]);
+    if (declares) noteDeclaration(prefixIn(before.substr(declaration)), value, isPlain, position);
+    if (!isPlain && depth_ > 1 && attributeName(before) != "rdf:about") {
+      countProperty(open_[depth_ - 2], position);
+    }
+  }
+
   static std::string_view attributeName(std::string_view before) {
     before = before.substr(0, before.rfind('='));
     while (!before.empty() && !isNameCharacter(before.back())) before.remove_suffix(1);
@@ -194,25 +246,46 @@ class Scanner {
     return before.substr(begin);
   }
 
-  void noteAttribute(std::string_view name, std::string_view value, std::size_t position) {
-    serialised_ += kIndent * depth_;  // it may come out as an element of its own
-    if (name.starts_with("xmlns")) {
-      noteDeclaration(name, value, position);
-    } else if (depth_ > 1 && name != "rdf:about") {
-      countProperty(open_[depth_ - 2], position);
-    }
+  // The place of "xmlns" or "xmlns:prefix".
+  static std::size_t declarationIn(std::string_view before) {
+    constexpr std::string_view kWord = "xmlns";
+    const std::size_t begin = before.find(kWord);
+    if (begin == kNone || (begin > 0 && isNameCharacter(before[begin - 1]))) return kNone;
+    const std::string_view rest = before.substr(begin + kWord.size());
+    return rest.starts_with(':') || rest.empty() || !isNameCharacter(rest[0]) ? begin : kNone;
   }
 
-  void noteDeclaration(std::string_view name, std::string_view uri, std::size_t position) {
-    if (uri.empty() || !declared_.insert(uri).second) return;
+  static std::string_view prefixIn(std::string_view declaration) {
+    declaration = declaration.substr(0, declaration.find_first_of("= \t\r\n"));
+    const std::size_t colon = declaration.find(':');
+    return colon == kNone ? kDefaultPrefix : declaration.substr(colon + 1);
+  }
+
+  void noteDeclaration(std::string_view prefix, std::string_view uri, bool isPlain,
+                       std::size_t position) {
+    const bool isNew = !uri.empty() && declared_.insert(uri).second;
     if (declared_.size() > limits::kNamespaces) refuse("more than 1,024 namespaces", position);
-    // The toolkit writes URIs as they are: such a one would end the attribute that holds it.
-    if (uri.find_first_of("&\"") != kNone) {
+    const bool needsEscape = uri.find_first_of("&\"") != kNone;
+    if (needsEscape && !(isPlain && mayEdit_)) {
       refuse("a namespace URI with a quote or a character reference", position);
     }
-    const std::size_t colon = name.find(':');
-    const std::string_view prefix = colon == kNone ? kDefaultPrefix : name.substr(colon + 1);
-    result_.declarations.push_back({std::string(prefix), std::string(uri)});
+    if (needsEscape && !hasOnlyReferences(uri)) return;  // not well formed
+    const std::string written = needsEscape ? escape(uri) : std::string(uri);
+    if (isNew) result_.declarations.push_back({std::string(prefix), written});
+  }
+
+  // The toolkit writes URIs as they are. So it gets, for the URI, the text that shall be written:
+  // references stay references, whatever they stand for.
+  std::string escape(std::string_view uri) {
+    std::string written = replaced(uri, '"', "&quot;");
+    const auto begin = static_cast<std::size_t>(uri.data() - packet_.data());
+    replace(begin, begin + uri.size(), replaced(written, '&', "&amp;"));
+    return written;
+  }
+
+  void replace(std::size_t begin, std::size_t end, std::string_view text) {
+    result_.text.append(packet_.substr(copied_, begin - copied_)).append(text);
+    copied_ = end;
   }
 
   // An upper estimate: every tag on a line of its own, indented by its depth.
@@ -226,6 +299,7 @@ class Scanner {
   }
 
   std::string_view packet_;
+  bool mayEdit_;
   std::size_t position_ = 0;  // scanned up to here
   std::size_t copied_ = 0;    // copied, or dropped, up to here
   Token last_ = Token::none;
@@ -270,9 +344,9 @@ GuardedPacket guardPacket(std::string_view packet) {
     throw PacketRefused("Packet refused: more than 256 MiB of text");
   }
   const Encoding encoding = encodingOf(packet);
-  if (encoding == Encoding::bytes) return Scanner(packet).scan();
+  if (encoding == Encoding::bytes) return Scanner(packet, true).scan();
   const std::string narrow = narrowed(packet, encoding);
-  GuardedPacket guarded = Scanner(narrow).scan();
+  GuardedPacket guarded = Scanner(narrow, false).scan();
   guarded.text = packet;
   return guarded;
 }

@@ -60,7 +60,6 @@ auto writingUnlessZero(PropertyName name, const int& value) {
 
 }  // namespace
 
-// clang-format off: a table, one operation a line
 bool XMPlib::GetNrPages(int& pages) const { return guarded(reading("vxGr:nrpages", pages, 0)); }
 bool XMPlib::SetNrPages(int pages) { return guarded(writing("vxGr:nrpages", pages)); }
 
@@ -139,4 +138,3 @@ bool XMPlib::GetVDPVersion(int& version) const {
 bool XMPlib::SetVDPVersion(int version) {
   return guarded(writingUnlessZero("orvoVDP:version", version));
 }
-// clang-format on

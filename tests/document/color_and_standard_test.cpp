@@ -7,87 +7,57 @@ TEST(ColorSpace, TheDescriptionAloneDecidesTheResult) {
   read.colorprofname = "old";
   EXPECT_FALSE(Empty().GetColorSpace(read));
   EXPECT_EQ(read.colorprofloc + read.colorprofname, "Untagged");
-  EXPECT_FALSE(Loaded(fields("vxGr:", {{"colorprofloc", "anywhere"}, {"colorprofname", "n"}}))
-                   .GetColorSpace(read));
-  EXPECT_EQ(read.colorprofloc, "anywhere");
-  EXPECT_EQ(read.colorprofname, "n");
-  EXPECT_TRUE(Loaded("<vxGr:colorprofdesc>d</vxGr:colorprofdesc>").GetColorSpace(read));
-  EXPECT_EQ(read.colorprofloc, "Untagged");
-  EXPECT_EQ(read.colorprofdesc, "d");
+  EXPECT_FALSE(Loaded(elements("vxGr:", "colorprofloc colorprofname")).GetColorSpace(read));
+  EXPECT_EQ(read.colorprofloc + read.colorprofname, "12");
+  EXPECT_TRUE(Loaded(elements("vxGr:", "colorprofdesc")).GetColorSpace(read));
+  EXPECT_EQ(read.colorprofloc + read.colorprofdesc, "Untagged1");
 }
 
 TEST(ColorSpace, OnlyTheFourLocationsAreWritten) {
   XMPlib xmp;
-  XMPlColorSpace colours;
   for (const char* wrong : {"", "untagged", "VXEmbedded "}) {
-    colours.colorprofloc = wrong;
-    EXPECT_FALSE(xmp.SetColorSpace(colours));
+    EXPECT_FALSE(xmp.SetColorSpace({wrong, "", ""}));
     EXPECT_EQ(xmp.ErrStr(), "Illegal value for profile location");
     EXPECT_EQ(stored(xmp), "");
   }
-  for (const char* right : {"Untagged", "PDFOutputIntent", "VXEmbedded", "VXDatabase"}) {
-    colours.colorprofloc = right;
-    EXPECT_TRUE(xmp.SetColorSpace(colours));
-    EXPECT_EQ(
-        stored(xmp),
-        fields("vxGr:", {{"colorprofloc", right}, {"colorprofname", ""}, {"colorprofdesc", ""}}));
+  for (const std::string right : {"Untagged", "PDFOutputIntent", "VXEmbedded", "VXDatabase"}) {
+    EXPECT_TRUE(xmp.SetColorSpace({right, "", "3"}));
+    EXPECT_EQ(stored(xmp),
+              elements("vxGr:", "colorprofloc=" + right + " colorprofname= colorprofdesc"));
   }
   Empty empty;
-  colours.colorprofloc = "";
-  EXPECT_FALSE(empty.SetColorSpace(colours));
+  EXPECT_FALSE(empty.SetColorSpace({"", "", ""}));
   EXPECT_EQ(empty.ErrStr(), "Illegal XAP");
 }
 
 TEST(PDFData, EveryFieldIsWrittenOrDeleted) {
   const std::string title =
       "<dc:title><rdf:Alt><rdf:li xml:lang=\"x-default\">T</rdf:li></rdf:Alt></dc:title>";
+  const std::string version = elements("pdfxid:", "GTS_PDFXVersion=X");
   Loaded xmp(
       "<dc:title><rdf:Alt><rdf:li xml:lang=\"x-default\">old</rdf:li><rdf:li xml:lang=\"de\">alt"
       "</rdf:li><rdf:li xml:lang=\"fr\">vieux</rdf:li></rdf:Alt></dc:title>");
-  XMPlPDFData data;
-  data.producer = "P";
-  data.title = "T";
-  data.pdfxVersion = "X";
-  data.trapped = data.trappedValid = true;
-  EXPECT_TRUE(xmp.SetPDFData(data));
-  EXPECT_EQ(stored(xmp), title +
-                             "<pdf:Producer>P</pdf:Producer><pdf:Trapped>True</pdf:Trapped>"
-                             "<pdfxid:GTS_PDFXVersion>X</pdfxid:GTS_PDFXVersion>");
-  data.trappedValid = false;
-  data.producer = "";
-  EXPECT_TRUE(xmp.SetPDFData(data));
-  EXPECT_EQ(stored(xmp), title + "<pdfxid:GTS_PDFXVersion>X</pdfxid:GTS_PDFXVersion>");
+  EXPECT_TRUE(xmp.SetPDFData({"P", "T", "X", true, true}));
+  EXPECT_EQ(stored(xmp), title + elements("pdf:", "Producer=P Trapped=True") + version);
+  EXPECT_TRUE(xmp.SetPDFData({"", "T", "X", true, false}));
+  EXPECT_EQ(stored(xmp), title + version);
   EXPECT_TRUE(xmp.SetPDFData(XMPlPDFData()));
   EXPECT_EQ(stored(xmp), "");
 }
 
 TEST(PDFData, TheFirstToolkitErrorEndsTheCall) {
-  Loaded xmp("<pdf:Trapped>True</pdf:Trapped>");
-  XMPlPDFData data;
-  data.pdfxVersion = "X";
-  data.title = "\xff";
-  EXPECT_FALSE(xmp.SetPDFData(data));
+  Loaded xmp(elements("pdf:", "Trapped=True"));
+  EXPECT_FALSE(xmp.SetPDFData({"", "\xff", "X"}));
   EXPECT_EQ(stored(xmp),
-            "<pdf:Trapped>True</pdf:Trapped>"
-            "<pdfxid:GTS_PDFXVersion>X</pdfxid:GTS_PDFXVersion>");
+            elements("pdf:", "Trapped=True") + elements("pdfxid:", "GTS_PDFXVersion=X"));
 }
 
 TEST(MMData, EveryFieldIsWrittenOrDeleted) {
   XMPlib xmp;
-  XMPlMMData data;
-  data.documentID = "d";
-  data.versionID = "v";
-  data.derivedFrom = "f";
-  data.renditionClass = "r";
-  EXPECT_TRUE(xmp.SetMMData(data));
-  EXPECT_EQ(stored(xmp), fields("xmpMM:", {{"DocumentID", "d"},
-                                           {"VersionID", "v"},
-                                           {"DerivedFrom", "f"},
-                                           {"RenditionClass", "r"}}));
-  data.versionID = "";
-  EXPECT_TRUE(xmp.SetMMData(data));
-  EXPECT_EQ(stored(xmp),
-            fields("xmpMM:", {{"DocumentID", "d"}, {"DerivedFrom", "f"}, {"RenditionClass", "r"}}));
+  EXPECT_TRUE(xmp.SetMMData({"1", "2", "3", "4"}));
+  EXPECT_EQ(stored(xmp), elements("xmpMM:", "DocumentID VersionID DerivedFrom RenditionClass"));
+  EXPECT_TRUE(xmp.SetMMData({"1", "", "2", "3"}));
+  EXPECT_EQ(stored(xmp), elements("xmpMM:", "DocumentID DerivedFrom RenditionClass"));
   EXPECT_TRUE(xmp.SetMMData(XMPlMMData()));
   EXPECT_EQ(stored(xmp), "");
 }

@@ -3,7 +3,7 @@
 #include <regex>
 
 #include "core/toolkit.h"
-#include "support/packets.h"
+#include "support/records.h"
 
 namespace {
 
@@ -15,139 +15,101 @@ std::string description(const std::vector<std::pair<std::string, std::string>>& 
   return "<dc:description><rdf:Alt>" + items + "</rdf:Alt></dc:description>";
 }
 
+XMPlDocData described(const std::string& text) { return {"", "", "", "", "", text}; }
+
+std::string derivedFrom(const std::string& names) {
+  return "<vxPrF:DerivedFrom rdf:parseType=\"Resource\">" + elements("stRef:", names) +
+         "</vxPrF:DerivedFrom>";
+}
+
 }  // namespace
 
 TEST(DocumentData, IsStoredInTheStandardSchema) {
   XMPlib xmp;
-  XMPlDocData data;
-  data.baseURL = "b";
-  data.createDate = "some day";  // stored as it is, date or not
-  data.modifyDate = "2";
-  data.metadataDate = "3";
-  data.creatorTool = "t";
-  data.description = "d";
-  EXPECT_TRUE(xmp.SetDocumentData(data));
-  EXPECT_EQ(stored(xmp),
-            "<xmp:BaseURL>b</xmp:BaseURL><xmp:CreateDate>some day</xmp:CreateDate>"
-            "<xmp:CreatorTool>t</xmp:CreatorTool><xmp:MetadataDate>3</xmp:MetadataDate>"
-            "<xmp:ModifyDate>2</xmp:ModifyDate>" +
-                description({{"x-default", "d"}}));
+  // A date is stored as it is, date or not.
+  EXPECT_TRUE(xmp.SetDocumentData({"b", "someday", "2", "3", "t", "d"}));
+  EXPECT_EQ(
+      stored(xmp),
+      elements("xmp:", "BaseURL=b CreateDate=someday CreatorTool=t MetadataDate=3 ModifyDate=2") +
+          description({{"x-default", "d"}}));
   XMPlDocData read;
   EXPECT_TRUE(xmp.GetDocumentData(read));
-  EXPECT_EQ(read.baseURL + read.createDate + read.modifyDate + read.metadataDate +
-                read.creatorTool + read.description,
-            "bsome day23td");
+  EXPECT_EQ(fieldsOf(read), std::tuple("b", "someday", "2", "3", "t", "d"));
 }
 
 TEST(DocumentData, ANewDescriptionReplacesAllLanguages) {
   Loaded xmp(description({{"x-default", "old"}, {"de", "alt"}, {"fr", "vieux"}}));
-  XMPlDocData data;
-  EXPECT_TRUE(xmp.GetDocumentData(data));
-  EXPECT_EQ(data.description, "old");
-  data.description = "new";
-  EXPECT_TRUE(xmp.SetDocumentData(data));
-  EXPECT_EQ(stored(xmp), description({{"x-default", "new"}}));
-  data.description = "";
-  EXPECT_TRUE(xmp.SetDocumentData(data));
-  EXPECT_EQ(stored(xmp), description({{"x-default", "new"}}));
-  data.description = " ";
-  EXPECT_TRUE(xmp.SetDocumentData(data));
+  XMPlDocData read;
+  EXPECT_TRUE(xmp.GetDocumentData(read));
+  EXPECT_EQ(read.description, "old");
+  for (const char* text : {"new", ""}) {
+    EXPECT_TRUE(xmp.SetDocumentData(described(text)));
+    EXPECT_EQ(stored(xmp), description({{"x-default", "new"}}));
+  }
+  EXPECT_TRUE(xmp.SetDocumentData(described(" ")));
   EXPECT_EQ(stored(xmp), "");
 }
 
 TEST(DocumentData, ADescriptionWithoutDefaultLanguageIsNotFound) {
-  Loaded xmp(description({{"de", "a"}, {"fr", "b"}}));
-  XMPlDocData data;
-  data.description = data.baseURL = "old";
-  EXPECT_FALSE(xmp.GetDocumentData(data));
-  EXPECT_EQ(data.description + data.baseURL, "");
+  XMPlDocData read{"old", "", "", "", "", "old"};
+  EXPECT_FALSE(Loaded(description({{"de", "a"}, {"fr", "b"}})).GetDocumentData(read));
+  EXPECT_EQ(read.description + read.baseURL, "");
 }
 
 TEST(DocumentData, NowIsOneMomentForAllDatesOfACall) {
   XMPlib xmp;
-  XMPlDocData data;
-  data.createDate = data.modifyDate = data.metadataDate = "now";
-  data.creatorTool = "now";  // no date
-  EXPECT_TRUE(xmp.SetDocumentData(data));
-  EXPECT_TRUE(xmp.GetDocumentData(data));
-  EXPECT_TRUE(std::regex_match(
-      data.createDate, std::regex(R"(\d{4}-\d\d-\d\dT\d\d:\d\d:\d\d(\.\d+)?(Z|[+-]\d\d:\d\d))")))
-      << data.createDate;
-  EXPECT_EQ(data.modifyDate, data.createDate);
-  EXPECT_EQ(data.metadataDate, data.createDate);
-  EXPECT_EQ(data.creatorTool, "now");
+  XMPlDocData read;
+  EXPECT_TRUE(xmp.SetDocumentData({"", "now", "now", "now", "now", ""}));
+  EXPECT_TRUE(xmp.GetDocumentData(read));
+  const std::regex date(R"(\d{4}-\d\d-\d\dT\d\d:\d\d:\d\d(\.\d+)?(Z|[+-]\d\d:\d\d))");
+  EXPECT_TRUE(std::regex_match(read.createDate, date)) << read.createDate;
+  EXPECT_EQ(read.modifyDate, read.createDate);
+  EXPECT_EQ(read.metadataDate, read.createDate);
+  EXPECT_EQ(read.creatorTool, "now");  // no date
 }
 
 TEST(DocumentData, WrittenBeforeAToolkitErrorStays) {
   XMPlib xmp;
-  XMPlDocData data;
-  data.baseURL = "b";
-  data.description = "\xff";
-  data.modifyDate = "2";
-  EXPECT_FALSE(xmp.SetDocumentData(data));
+  EXPECT_FALSE(xmp.SetDocumentData({"b", "", "2", "", "", "\xff"}));
   EXPECT_EQ(xmp.ErrStr(), "Invalid UTF-8 sequence length");
   EXPECT_EQ(stored(xmp), "<xmp:BaseURL>b</xmp:BaseURL>");
 }
 
 TEST(DocumentVersion, GetNeverFillsTheComments) {
   XMPlib xmp;
-  XMPlDocVersion version;
-  version.comments = "c";
-  version.modifyDate = "d";
-  version.modifier = "m";
-  EXPECT_TRUE(xmp.SetDocumentVersion(version));
-  EXPECT_EQ(stored(xmp),
-            "<stVer:comments>c</stVer:comments><stVer:modifyDate>d</stVer:modifyDate>"
-            "<stVer:modifier>m</stVer:modifier>");
-  XMPlDocVersion read;
-  read.comments = "mine";
-  read.version = "old";
+  EXPECT_TRUE(xmp.SetDocumentVersion({"1", "2", "3", ""}));
+  EXPECT_EQ(stored(xmp), elements("stVer:", "comments modifyDate modifier"));
+  XMPlDocVersion read{"mine", "", "", "old"};
   EXPECT_TRUE(xmp.GetDocumentVersion(read));
-  EXPECT_EQ(read.comments, "mine");
-  EXPECT_EQ(read.version, "");
-  EXPECT_EQ(read.modifyDate + read.modifier, "dm");
+  EXPECT_EQ(fieldsOf(read), std::tuple("mine", "2", "3", ""));
 
-  version.comments = " ";
-  version.modifyDate = "now";
-  version.modifier = "";
-  version.version = "v";
-  EXPECT_TRUE(xmp.SetDocumentVersion(version));
+  EXPECT_TRUE(xmp.SetDocumentVersion({" ", "now", "", "v"}));
   EXPECT_TRUE(xmp.GetDocumentVersion(read));
-  EXPECT_EQ(read.version, "v");
-  EXPECT_EQ(read.modifier, "m");
+  EXPECT_EQ(read.modifier + read.version, "3v");
   EXPECT_EQ(read.modifyDate.find("20"), 0U);
   EXPECT_EQ(stored(xmp).find("comments"), std::string::npos);
 }
 
 TEST(FilmVersion, WithoutANumberIsLeftAlone) {
   Loaded xmp("<vxDigFilm:structure>Composite</vxDigFilm:structure>");
-  XMPlDigFilmVersion version;
-  version.type = "mine";
+  XMPlDigFilmVersion version{100, "", "mine"};
   EXPECT_FALSE(xmp.GetDigitalFilmVersionDetailed(version));
-  EXPECT_EQ(version.version, 100);
-  EXPECT_EQ(version.structure + version.type, "mine");
+  EXPECT_EQ(fieldsOf(version), std::tuple(100, "", "mine"));
   EXPECT_TRUE(xmp.SetDigitalFilmVersion(7));
   EXPECT_TRUE(xmp.GetDigitalFilmVersionDetailed(version));
-  EXPECT_EQ(version.version, 7);
-  EXPECT_EQ(version.structure + version.type, "Composite");
-}
-
-TEST(FilmVersion, IsWrittenWholeAlsoWhenEmpty) {
-  XMPlib xmp;
+  EXPECT_EQ(fieldsOf(version), std::tuple(7, "Composite", ""));
   EXPECT_TRUE(xmp.SetDigitalFilmVersionDetailed(XMPlDigFilmVersion()));
-  EXPECT_EQ(stored(xmp),
-            "<vxDigFilm:version>100</vxDigFilm:version><vxDigFilm:structure/><vxDigFilm:type/>");
+  EXPECT_TRUE(xmp.GetDigitalFilmVersionDetailed(version));
+  EXPECT_EQ(fieldsOf(version), std::tuple(100, "", ""));
 }
 
 TEST(FilmVersion, LetsToolkitErrorsPass) {
   Loaded xmp("<vxDigFilm:version>new</vxDigFilm:version>");
-  XMPlDigFilmVersion version;
+  XMPlDigFilmVersion version{1, "\xff", ""};
   EXPECT_THROW(xmp.GetDigitalFilmVersionDetailed(version), XMP_Error);
   EXPECT_EQ(xmp.ErrStr(), "");
-  version.structure = "\xff";
   EXPECT_FALSE(xmp.SetDigitalFilmVersionDetailed(version));
   EXPECT_EQ(xmp.ErrStr(), "Invalid UTF-8 sequence length");
-  EXPECT_FALSE(Empty().GetDigitalFilmVersionDetailed(version));
 }
 
 TEST(BaseDocument, IsAStructureOfTwoTexts) {
@@ -155,21 +117,11 @@ TEST(BaseDocument, IsAStructureOfTwoTexts) {
   XMPlExtRef base;
   EXPECT_FALSE(xmp.GetBaseDoc(base));
   EXPECT_TRUE(xmp.SetBaseDoc(base));
-  EXPECT_EQ(stored(xmp),
-            "<vxPrF:DerivedFrom rdf:parseType=\"Resource\"><stRef:instanceID/>"
-            "<stRef:renditionClass/></vxPrF:DerivedFrom>");
+  EXPECT_EQ(stored(xmp), derivedFrom("instanceID= renditionClass="));
   base.instanceID = base.renditionClass = "old";
   EXPECT_TRUE(xmp.GetBaseDoc(base));
   EXPECT_EQ(base.instanceID + base.renditionClass, "");
-}
-
-TEST(BaseDocument, HalfFoundIsHalfFilled) {
-  Loaded xmp(
-      "<vxPrF:DerivedFrom rdf:parseType=\"Resource\"><stRef:instanceID>i</stRef:instanceID>"
-      "</vxPrF:DerivedFrom>");
-  XMPlExtRef base;
   base.renditionClass = "old";
-  EXPECT_FALSE(xmp.GetBaseDoc(base));
-  EXPECT_EQ(base.instanceID, "i");
-  EXPECT_EQ(base.renditionClass, "old");
+  EXPECT_FALSE(Loaded(derivedFrom("instanceID=i")).GetBaseDoc(base));  // half found, half filled
+  EXPECT_EQ(base.instanceID + base.renditionClass, "iold");
 }

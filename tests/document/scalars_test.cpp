@@ -4,117 +4,96 @@
 
 namespace {
 
-struct IntegerScalar {
-  bool (XMPlib::*get)(int&) const;
-  bool (XMPlib::*set)(int);
-  const char* property;
-  bool zeroDeletes;
-};
-const IntegerScalar kIntegers[] = {
-    {&XMPlib::GetNrPages, &XMPlib::SetNrPages, "vxGr:nrpages", false},
-    {&XMPlib::GetStartLogPage, &XMPlib::SetStartLogPage, "vxGr:startlogpage", false},
-    {&XMPlib::GetPDFNativeVersion, &XMPlib::SetPDFNativeVersion, "vxPDFNat:version", true},
-    {&XMPlib::GetDigitalFilmVersion, &XMPlib::SetDigitalFilmVersion, "vxDigFilm:version", false},
-    {&XMPlib::GetNrInksOriginalDocument, &XMPlib::SetNrInksOriginalDocument, "vxGr:nrinksoriginal",
-     false},
-    {&XMPlib::GetDigitalJobVersion, &XMPlib::SetDigitalJobVersion, "vxDigJob:version", false},
-    {&XMPlib::GetVDPVersion, &XMPlib::SetVDPVersion, "orvoVDP:version", true},
-};
-
-struct BooleanScalar {
-  bool (XMPlib::*get)(bool&) const;
-  bool (XMPlib::*set)(bool);
-  const char* property;
-};
-const BooleanScalar kBooleans[] = {
-    {&XMPlib::GetScreenReg, &XMPlib::SetScreenReg, "vxGr:screenreg"},
-    {&XMPlib::GetIsTrapped, &XMPlib::SetIsTrapped, "vxGr:trapped"},
-};
-
-struct TextScalar {
-  bool (XMPlib::*get)(std::string&) const;
-  bool (XMPlib::*set)(const std::string&);
-  const char* property;
-  const char* absent;  // what "before" becomes where there is no property
-};
-const TextScalar kTexts[] = {
-    {&XMPlib::GetSmartID, &XMPlib::SetSmartID, "vxSmartID:id", "before"},
-    {&XMPlib::GetRectoVerso, &XMPlib::SetRectoVerso, "vxGr:sides", "before"},
-    {&XMPlib::GetPDFNativeType, &XMPlib::SetPDFNativeType, "vxPDFNat:type", ""},
-    {&XMPlib::GetPDFNativeVindrelVersion, &XMPlib::SetPDFNativeVindrelVersion,
-     "vxPDFNat:vindrelversion", "undetermined"},
-};
+using X = XMPlib;
 
 std::string element(const std::string& name, const std::string& text) {
-  return "<" + name + ">" + text + "</" + name + ">";
+  return text.empty() ? "<" + name + "/>" : "<" + name + ">" + text + "</" + name + ">";
+}
+
+// What a Get makes of `before`, and its answer: '+' or '-'.
+template <class Value>
+auto got(const XMPlib& xmp, bool (X::*get)(Value&) const, Value before) {
+  const bool found = (xmp.*get)(before);
+  return std::pair(found ? '+' : '-', before);
+}
+
+// Values as texts: a Set stores them, a Get answers them. What is not there is `absent`.
+template <class Value, class Given>
+void keeps(const char* property, bool (X::*get)(Value&) const, bool (X::*set)(Given),
+           const Value& before, const Value& absent,
+           const std::vector<std::pair<Value, std::string>>& values) {
+  SCOPED_TRACE(property);
+  XMPlib xmp;
+  EXPECT_EQ(got(xmp, get, before), std::pair('-', absent));
+  EXPECT_EQ(xmp.ErrStr(), "");
+  for (const auto& [value, text] : values) {
+    EXPECT_TRUE((xmp.*set)(value));
+    EXPECT_EQ(stored(xmp), element(property, text));
+    EXPECT_EQ(got(xmp, get, before), std::pair('+', value));
+  }
+  Empty empty;
+  EXPECT_EQ(got(empty, get, before), std::pair('-', absent));
+  EXPECT_FALSE((empty.*set)(before));
+  EXPECT_EQ(empty.ErrStr(), "Illegal XAP");
+}
+
+template <class Value>
+void refuses(const char* property, bool (X::*get)(Value&) const, Value before, const char* error) {
+  const Loaded wrong(element(property, "ten"));
+  EXPECT_EQ(got(wrong, get, before), std::pair('-', Value())) << property;
+  EXPECT_EQ(wrong.ErrStr(), error);
 }
 
 }  // namespace
 
 TEST(Scalars, IntegersAreStoredInDecimalAndZeroIsAValueOrNone) {
-  for (const IntegerScalar& row : kIntegers) {
-    SCOPED_TRACE(row.property);
+  const struct {
+    bool (X::*get)(int&) const;
+    bool (X::*set)(int);
+    const char* property;
+    bool zeroDeletes = false;
+  } rows[] = {
+      {&X::GetNrPages, &X::SetNrPages, "vxGr:nrpages"},
+      {&X::GetStartLogPage, &X::SetStartLogPage, "vxGr:startlogpage"},
+      {&X::GetPDFNativeVersion, &X::SetPDFNativeVersion, "vxPDFNat:version", true},
+      {&X::GetDigitalFilmVersion, &X::SetDigitalFilmVersion, "vxDigFilm:version"},
+      {&X::GetNrInksOriginalDocument, &X::SetNrInksOriginalDocument, "vxGr:nrinksoriginal"},
+      {&X::GetDigitalJobVersion, &X::SetDigitalJobVersion, "vxDigJob:version"},
+      {&X::GetVDPVersion, &X::SetVDPVersion, "orvoVDP:version", true},
+  };
+  for (const auto& row : rows) {
+    keeps(row.property, row.get, row.set, 5, 0, {{-12, "-12"}, {7, "7"}});
+    refuses(row.property, row.get, 5, "Invalid integer string");
     XMPlib xmp;
-    int value = 5;
-    EXPECT_FALSE((xmp.*row.get)(value));
-    EXPECT_EQ(value, 0);
-    EXPECT_TRUE((xmp.*row.set)(-12));
-    EXPECT_EQ(stored(xmp), element(row.property, "-12"));
-    EXPECT_TRUE((xmp.*row.get)(value));
-    EXPECT_EQ(value, -12);
-    EXPECT_TRUE((xmp.*row.set)(0));
+    EXPECT_TRUE((xmp.*row.set)(5) && (xmp.*row.set)(0));
     EXPECT_EQ(stored(xmp), row.zeroDeletes ? "" : element(row.property, "0"));
-    EXPECT_EQ((xmp.*row.get)(value), !row.zeroDeletes);
-    EXPECT_EQ(value, 0);
-    Loaded wrong(element(row.property, "ten"));
-    value = 5;
-    EXPECT_FALSE((wrong.*row.get)(value));
-    EXPECT_EQ(value, 0);
-    EXPECT_EQ(wrong.ErrStr(), "Invalid integer string");
-    Empty empty;
-    value = 5;
-    EXPECT_FALSE((empty.*row.get)(value) || (empty.*row.set)(0));
-    EXPECT_EQ(value, 0);
-    EXPECT_EQ(empty.ErrStr(), "Illegal XAP");
   }
 }
 
 TEST(Scalars, BooleansAreTheToolkitsTexts) {
-  for (const BooleanScalar& row : kBooleans) {
-    SCOPED_TRACE(row.property);
-    XMPlib xmp;
-    bool value = true;
-    EXPECT_FALSE((xmp.*row.get)(value) || value);
-    EXPECT_TRUE((xmp.*row.set)(true));
-    EXPECT_EQ(stored(xmp), element(row.property, "True"));
-    EXPECT_TRUE((xmp.*row.get)(value) && value);
-    EXPECT_TRUE((xmp.*row.set)(false));
-    EXPECT_EQ(stored(xmp), element(row.property, "False"));
-    Loaded wrong(element(row.property, "maybe"));
-    EXPECT_FALSE((wrong.*row.get)(value));
-    EXPECT_EQ(wrong.ErrStr(), "Invalid Boolean string");
-    Empty empty;
-    EXPECT_FALSE((empty.*row.get)(value) || (empty.*row.set)(true));
-  }
+  keeps("vxGr:screenreg", &X::GetScreenReg, &X::SetScreenReg, true, false,
+        {{true, "True"}, {false, "False"}});
+  keeps("vxGr:trapped", &X::GetIsTrapped, &X::SetIsTrapped, true, false,
+        {{true, "True"}, {false, "False"}});
+  refuses("vxGr:screenreg", &X::GetScreenReg, true, "Invalid Boolean string");
+  refuses("vxGr:trapped", &X::GetIsTrapped, true, "Invalid Boolean string");
 }
 
 TEST(Scalars, TextsAreStoredAsGivenAndTheEmptyTextIsAValue) {
-  for (const TextScalar& row : kTexts) {
-    SCOPED_TRACE(row.property);
-    XMPlib xmp;
-    std::string value = "before";
-    EXPECT_FALSE((xmp.*row.get)(value));
-    EXPECT_EQ(value, row.absent);
-    EXPECT_EQ(xmp.ErrStr(), "");
-    EXPECT_TRUE((xmp.*row.set)(" <a & \xc3\xa9> "));
-    EXPECT_TRUE((xmp.*row.get)(value));
-    EXPECT_EQ(value, " <a & \xc3\xa9> ");
-    EXPECT_TRUE((xmp.*row.set)(""));
-    EXPECT_TRUE((xmp.*row.get)(value));
-    EXPECT_EQ(value, "");
-    EXPECT_FALSE((xmp.*row.set)("\xff"));
-    EXPECT_EQ(xmp.ErrStr(), "Invalid UTF-8 sequence length");
-    Empty empty;
-    EXPECT_FALSE((empty.*row.get)(value) || (empty.*row.set)(""));
+  const struct {
+    bool (X::*get)(std::string&) const;
+    bool (X::*set)(const std::string&);
+    const char* property;
+    std::string absent;  // what "before" becomes where there is no property
+  } rows[] = {
+      {&X::GetSmartID, &X::SetSmartID, "vxSmartID:id", "before"},
+      {&X::GetRectoVerso, &X::SetRectoVerso, "vxGr:sides", "before"},
+      {&X::GetPDFNativeType, &X::SetPDFNativeType, "vxPDFNat:type", ""},
+      {&X::GetPDFNativeVindrelVersion, &X::SetPDFNativeVindrelVersion, "vxPDFNat:vindrelversion",
+       "undetermined"},
+  };
+  for (const auto& row : rows) {
+    keeps(row.property, row.get, row.set, std::string("before"), row.absent,
+          {{" <a & \xc3\xa9> ", " &lt;a &amp; \xc3\xa9&gt; "}, {"", ""}});
   }
 }

@@ -122,12 +122,32 @@ TEST(Limits, WhatWouldSwellOrTakeTooLongIsRefused) {
             "too many elements of many children");
 }
 
-TEST(Limits, NamespacesThatCouldNotBeWrittenBackAreRefused) {
-  for (const char* uri : {"'http://limits.example/?a&amp;b'", "'http://limits.example/\"'",
-                          "\"http://limits.example/&#34;\""}) {
-    EXPECT_EQ(errorOf("<a xmlns:n=" + std::string(uri) + "/>"),
-              "a namespace URI with a quote or a character reference");
+TEST(Limits, NamespacesWithReferencesAreKeptAsTheyAreWritten) {
+  const auto packetWith = [](const std::string& uri) {
+    return described("<n:p xmlns:n=" + uri + ">1</n:p><dc:l><rdf:Bag><rdf:li xmlns:n=" + uri +
+                     " rdf:parseType='Resource'><n:q>2</n:q></rdf:li></rdf:Bag></dc:l>");
+  };
+  const std::string rows[][2] = {
+      {"'http://limits.example/?a&amp;b'", "http://limits.example/?a&amp;b"},
+      {"'http://limits.example/\"&#x22;\"'", "http://limits.example/&quot;&#x22;&quot;"},
+      {"\"http://limits.example/&lt;&#38;&#xE9;'>\"", "http://limits.example/&lt;&#38;&#xE9;'>"},
+  };
+  for (const auto& row : rows) {
+    XMPlib xmp, again;
+    xmp.SetXML(packetWith(row[0]));
+    EXPECT_EQ(xmp.ErrStr(), "");
+    EXPECT_NE(xmp.GetXML().find("=\"" + row[1] + "\""), std::string::npos) << xmp.GetXML();
+    again.SetXML(xmp.GetXML());
+    EXPECT_EQ(again.GetXML(), xmp.GetXML());
+    EXPECT_NE(stored(again).find("q>2<"), std::string::npos);
   }
+  for (const char* uri : {"'&none;'", "'&#0;'", "'&#xD800;'", "'&amp'", "'&#1x;'", "'&#;'"}) {
+    EXPECT_EQ(errorOf(packetWith(uri)), "XML parsing failure") << uri;
+  }
+  const char* const refusal = "a namespace URI with a quote or a character reference";
+  EXPECT_EQ(errorOf(utf16(packetWith("'u:&amp;'"), true)), refusal);
+  EXPECT_EQ(errorOf("<a\x81xmlns:n='u:&amp;'/>"), refusal);
+  EXPECT_EQ(errorOf(described("<dc:p dc:xmlns='a&amp;b'/>")), "");
 }
 
 TEST(Limits, TagsCannotBeHiddenFromThem) {
@@ -143,11 +163,17 @@ TEST(Limits, TagsCannotBeHiddenFromThem) {
               "more than 128 levels of elements")
         << start;
   }
-  const std::string declared = numbered(1100, [](const std::string& i) {
-    return "<rdf:li\x81xmlns:n='http://hidden.example/" + i + "'/>";
-  });
-  EXPECT_EQ(errorOf(described("<dc:l><rdf:Bag>" + declared + "</rdf:Bag></dc:l>")),
-            "more than 1,024 namespaces");
+  for (const std::string name : {"\x81xmlns:n", " xmlns:n\xc3\xa9", " xmlns:\xc3\xa9n "}) {
+    const std::string declared = numbered(1100, [&name](const std::string& i) {
+      return "<rdf:li" + name + "='http://hidden.example/" + i + "'/>";
+    });
+    EXPECT_EQ(errorOf(described("<dc:l><rdf:Bag>" + declared + "</rdf:Bag></dc:l>")),
+              "more than 1,024 namespaces");
+  }
+  const std::string attributes =
+      numbered(1000, [](const std::string& i) { return " dc:xmlns" + i + "=''"; });
+  EXPECT_EQ(errorOf(rdf(repeated(17, "<rdf:Description" + attributes + "/>"))),
+            "more than 16,384 properties");
 }
 
 TEST(Limits, NamespacesOnOnePrefixGetVariantsOfIt) {

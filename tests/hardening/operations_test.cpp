@@ -18,8 +18,8 @@ struct Operation {
   const char* name;
   std::function<bool(XMPlib&)> get;
   std::function<bool(XMPlib&, Text)> set;
-  std::vector<const char*> properties;  // that the Get looks at
-  bool getPasses = false;               // toolkit errors pass to the caller
+  Items properties = {};   // that the Get looks at
+  bool getPasses = false;  // toolkit errors pass to the caller
   bool setPasses = false;
 };
 
@@ -32,40 +32,26 @@ std::function<bool(XMPlib&)> getter(bool (XMPlib::*get)(Value&) const) {
 }
 
 // Sets a record, or a list of one, whose field `text` is given.
-template <class Record, class Base>
-std::function<bool(XMPlib&, Text)> setter(bool (XMPlib::*set)(const Record&),
+template <class Value, class Base, class... Flag>
+std::function<bool(XMPlib&, Text)> setter(bool (XMPlib::*set)(const Value&, Flag...),
                                           std::string Base::*text) {
-  return [=](XMPlib& xmp, Text value) {
-    Record record;
-    record.*text = value;
-    return (xmp.*set)(record);
-  };
-}
-template <class Record, class Base>
-std::function<bool(XMPlib&, Text)> setter(bool (XMPlib::*set)(const std::vector<Record>&),
-                                          std::string Base::*text) {
-  return [=](XMPlib& xmp, Text value) {
-    std::vector<Record> records(1);
-    records.front().*text = value;
-    return (xmp.*set)(records);
-  };
-}
-template <class Record, class Base>
-std::function<bool(XMPlib&, Text)> setter(bool (XMPlib::*set)(const std::vector<Record>&, bool),
-                                          std::string Base::*text) {
-  return [=](XMPlib& xmp, Text value) {
-    std::vector<Record> records(1);
-    records.front().*text = value;
-    return (xmp.*set)(records, true);
+  return [=](XMPlib& xmp, Text given) {
+    Value value;
+    if constexpr (requires { value.emplace_back(); }) {
+      value.emplace_back().*text = given;
+    } else {
+      value.*text = given;
+    }
+    return (xmp.*set)(value, Flag(true)...);
   };
 }
 
 template <class Record>
 using List = bool (XMPlib::*)(std::vector<Record>&) const;
-template <class Record>
-using SetList = bool (XMPlib::*)(const std::vector<Record>&);
+using SetRefs = bool (XMPlib::*)(const std::vector<XMPlExtRef>&);
 
 bool setScalar(XMPlib& xmp, Text text) { return xmp.SetSmartID(text); }
+bool setColours(XMPlib& xmp, Text text) { return xmp.SetColorSpace({"Untagged", text, ""}); }
 bool setFilms(XMPlib& xmp, Text text) {
   std::vector<XMPlMetaDataDigFilm> films(1);
   films.front().ink.name = text;
@@ -77,123 +63,54 @@ bool setContainer(XMPlib& xmp, Text text) {
   return xmp.SetScreenContainer({{screen}});
 }
 bool setRegistration(XMPlib& xmp, Text text) {
-  XMPlCadReg registration;
-  registration.instanceID = text;
+  XMPlCadReg registration{text, "", "", 0, 0, 0};
   return xmp.SetCadReg(registration);
 }
-bool setColours(XMPlib& xmp, Text text) { return xmp.SetColorSpace({"Untagged", text, ""}); }
 
-// clang-format off: a table, one operation a line
+// clang-format off
 const std::vector<Operation>& operations() {
   using X = XMPlib;
   static const std::vector<Operation> rows = {
-      {"SmartID", getter(&X::GetSmartID), setScalar, {}},
+      {"SmartID", getter(&X::GetSmartID), setScalar},
       {"NrPages", getter(&X::GetNrPages), nullptr, {"vxGr:nrpages"}},
       {"IsTrapped", getter(&X::GetIsTrapped), nullptr, {"vxGr:trapped"}},
-      {"JobData",
-       getter(&X::GetJobData),
-       setter(&X::SetJobData, &XMPlJobData::name),
-       {"xmpBJ:JobRef"}},
-      {"ProdData", getter(&X::GetProdData), setter(&X::SetProdData, &XMPlProdData::id), {}},
-      {"DocumentData",
-       getter(&X::GetDocumentData),
-       setter(&X::SetDocumentData, &XMPlDocData::description),
-       {}},
-      {"DocumentVersion",
-       getter(&X::GetDocumentVersion),
-       setter(&X::SetDocumentVersion, &XMPlDocVersion::modifier),
-       {}},
-      {"FilmVersion",
-       getter(&X::GetDigitalFilmVersionDetailed),
-       setter(&X::SetDigitalFilmVersionDetailed, &XMPlDigFilmVersion::type),
-       {"vxDigFilm:version"},
-       true},
-      {"BaseDoc",
-       getter(&X::GetBaseDoc),
-       setter(&X::SetBaseDoc, &XMPlExtRef::instanceID),
-       {"vxPrF:DerivedFrom"}},
+      {"JobData", getter(&X::GetJobData), setter(&X::SetJobData, &XMPlJobData::name), {"xmpBJ:JobRef"}},
+      {"ProdData", getter(&X::GetProdData), setter(&X::SetProdData, &XMPlProdData::id)},
+      {"DocumentData", getter(&X::GetDocumentData), setter(&X::SetDocumentData, &XMPlDocData::description)},
+      {"DocumentVersion", getter(&X::GetDocumentVersion), setter(&X::SetDocumentVersion, &XMPlDocVersion::modifier)},
+      {"FilmVersion", getter(&X::GetDigitalFilmVersionDetailed), setter(&X::SetDigitalFilmVersionDetailed, &XMPlDigFilmVersion::type), {"vxDigFilm:version"}, true},
+      {"BaseDoc", getter(&X::GetBaseDoc), setter(&X::SetBaseDoc, &XMPlExtRef::instanceID), {"vxPrF:DerivedFrom"}},
       {"DimDat", getter(&X::GetDimDat), setter(&X::SetDimDat, &XMPlDimDat::units), {"vxGr:vsize"}},
-      {"FilmDimensions",
-       [](X& xmp) {
-         XMPlDimDatDigFilm film;
-         return xmp.GetDimDatDigFilm(film);
-       },
-       setter(&X::SetDimDatDigFilm, &XMPlDimDatDigFilm::units),
-       {},
-       true,
-       true},
-      {"ColorSpace", getter(&X::GetColorSpace), setColours, {}},
-      {"PDFData", nullptr, setter(&X::SetPDFData, &XMPlPDFData::title), {}},
-      {"MMData", nullptr, setter(&X::SetMMData, &XMPlMMData::versionID), {}},
-      {"Inks",
-       getter(List<XMPlInk>(&X::GetInks)),
-       setter(&X::SetInks, &XMPlInk::name),
-       {"vxGr:inks"}},
-      {"MergeInks", nullptr, setter(&X::MergeInks, &XMPlInk::name), {}},
-      {"InkProperties",
-       getter(&X::GetInkProperties),
-       setter(&X::SetInkProperties, &XMPlInkProperty::book),
-       {"vxGr:inkproperties"}},
-      {"InksDigFilm",
-       getter(&X::GetInksDigFilm),
-       setter(&X::SetInksDigFilm, &XMPlInkDigFilm::inknrsoriginal),
-       {"vxGr:inks"},
-       true},
-      {"DigitalJobRefs",
-       getter(&X::GetUsedDigitalJobRefs),
-       setter(&X::SetUsedDigitalJobRefs, &XMPlUsedDigFilmRef::instanceID),
-       {"vxDigFilmRefs:files"}},
+      {"FilmDimensions", getter(&X::GetDimDatDigFilm), setter(&X::SetDimDatDigFilm, &XMPlDimDatDigFilm::units), {}, true, true},
+      {"ColorSpace", getter(&X::GetColorSpace), setColours},
+      {"PDFData", nullptr, setter(&X::SetPDFData, &XMPlPDFData::title)},
+      {"MMData", nullptr, setter(&X::SetMMData, &XMPlMMData::versionID)},
+      {"Inks", getter(List<XMPlInk>(&X::GetInks)), setter(&X::SetInks, &XMPlInk::name), {"vxGr:inks"}},
+      {"MergeInks", nullptr, setter(&X::MergeInks, &XMPlInk::name)},
+      {"InkProperties", getter(&X::GetInkProperties), setter(&X::SetInkProperties, &XMPlInkProperty::book), {"vxGr:inkproperties"}},
+      {"InksDigFilm", getter(&X::GetInksDigFilm), setter(&X::SetInksDigFilm, &XMPlInkDigFilm::inknrsoriginal), {"vxGr:inks"}, true},
+      {"DigitalJobRefs", getter(&X::GetUsedDigitalJobRefs), setter(&X::SetUsedDigitalJobRefs, &XMPlUsedDigFilmRef::instanceID), {"vxDigFilmRefs:files"}},
       {"Dgcs", getter(&X::GetDgcs), setter(&X::SetDgcs, &XMPlDgcc::name), {"vxDGCL:dgcs"}},
-      {"MetaDataDigFilms", nullptr, setFilms, {}},
-      {"Screens",
-       getter(List<XMPlScreen>(&X::GetScreens)),
-       setter(&X::SetScreens, &XMPlScreen::gamma),
-       {"vxScreenC:screenContainer", "vxScreenL:screens"}},
-      {"ScreenContainer",
-       getter(&X::GetScreenContainer),
-       setContainer,
-       {"vxScreenC:screenContainer"}},
-      {"UsedRefs",
-       getter(&X::GetUsedRefs),
-       setter(&X::SetUsedRefs, &XMPlUsedRef::instanceID),
-       {"vxUsedFL:files"}},
-      {"ExtRefs",
-       getter(List<XMPlExtRef>(&X::GetExtRefs)),
-       setter(SetList<XMPlExtRef>(&X::SetExtRefs), &XMPlExtRef::type),
-       {"vxExtFL2:files", "vxExtFL:files"}},
-      {"OldExtRefs",
-       getter(&X::GetOldExtRefs),
-       setter(&X::SetOldExtRefs, &XMPlExtRef::instanceID),
-       {"vxExtFL:files"}},
-      {"MergeExtRefs", nullptr, setter(&X::MergeExtRefs, &XMPlExtRef::instanceID), {}},
-      {"CadFiles",
-       getter(&X::GetCadFiles),
-       setter(&X::SetCadFiles, &XMPlExtRef::instanceID),
-       {"vxCadL:files"}},
-      {"MergeCadFiles", nullptr, setter(&X::MergeCadFiles, &XMPlExtRef::instanceID), {}},
-      {"Fonts",
-       getter(List<XMPlFont>(&X::GetFonts)),
-       setter(&X::SetFonts, &XMPlFont::fontfile),
-       {"vxFontL:fonts"}},
-      {"MergeFonts", nullptr, setter(&X::MergeFonts, &XMPlFont::name), {}},
-      {"Barcodes",
-       getter(&X::GetBarcodes),
-       setter(&X::SetBarcodes, &XMPlBarcode::code),
-       {"vxBarcL:barcodes"}},
-      {"MergeBarcodes", nullptr, setter(&X::MergeBarcodes, &XMPlBarcode::type), {}},
+      {"MetaDataDigFilms", nullptr, setFilms},
+      {"Screens", getter(List<XMPlScreen>(&X::GetScreens)), setter(&X::SetScreens, &XMPlScreen::gamma), {"vxScreenC:screenContainer", "vxScreenL:screens"}},
+      {"ScreenContainer", getter(&X::GetScreenContainer), setContainer, {"vxScreenC:screenContainer"}},
+      {"UsedRefs", getter(&X::GetUsedRefs), setter(&X::SetUsedRefs, &XMPlUsedRef::instanceID), {"vxUsedFL:files"}},
+      {"ExtRefs", getter(List<XMPlExtRef>(&X::GetExtRefs)), setter(SetRefs(&X::SetExtRefs), &XMPlExtRef::type), {"vxExtFL2:files", "vxExtFL:files"}},
+      {"OldExtRefs", getter(&X::GetOldExtRefs), setter(&X::SetOldExtRefs, &XMPlExtRef::instanceID), {"vxExtFL:files"}},
+      {"MergeExtRefs", nullptr, setter(&X::MergeExtRefs, &XMPlExtRef::instanceID)},
+      {"CadFiles", getter(&X::GetCadFiles), setter(&X::SetCadFiles, &XMPlExtRef::instanceID), {"vxCadL:files"}},
+      {"MergeCadFiles", nullptr, setter(&X::MergeCadFiles, &XMPlExtRef::instanceID)},
+      {"Fonts", getter(List<XMPlFont>(&X::GetFonts)), setter(&X::SetFonts, &XMPlFont::fontfile), {"vxFontL:fonts"}},
+      {"MergeFonts", nullptr, setter(&X::MergeFonts, &XMPlFont::name)},
+      {"Barcodes", getter(&X::GetBarcodes), setter(&X::SetBarcodes, &XMPlBarcode::code), {"vxBarcL:barcodes"}},
+      {"MergeBarcodes", nullptr, setter(&X::MergeBarcodes, &XMPlBarcode::type)},
       {"Layers", getter(&X::GetLayers), setter(&X::SetLayers, &XMPlLay::name), {"vxLayL:layers"}},
-      {"MergeLayers", nullptr, setter(&X::MergeLayers, &XMPlLay::name), {}},
-      {"SmartNames",
-       getter(&X::GetSmartNames),
-       setter(&X::SetSmartNames, &XMPlSmartName::value),
-       {"vxSmNameL:smartnames"}},
+      {"MergeLayers", nullptr, setter(&X::MergeLayers, &XMPlLay::name)},
+      {"SmartNames", getter(&X::GetSmartNames), setter(&X::SetSmartNames, &XMPlSmartName::value), {"vxSmNameL:smartnames"}},
       {"PagRanges", getter(&X::GetPagRanges), nullptr, {"vxPagL:pagelist"}},
-      {"Repeats",
-       getter(&X::GetRepeats),
-       setter(&X::SetRepeats, &XMPlRepeat::front),
-       {"vxSrLayout:repeats"}},
-      {"CadReg", getter(&X::GetCadReg), setRegistration, {}},
-      {"IsNonPDFCompatible", [](X& xmp) { return xmp.IsNonPDFCompatible(); }, nullptr, {}},
+      {"Repeats", getter(&X::GetRepeats), setter(&X::SetRepeats, &XMPlRepeat::front), {"vxSrLayout:repeats"}},
+      {"CadReg", getter(&X::GetCadReg), setRegistration},
+      {"IsNonPDFCompatible", &X::IsNonPDFCompatible, nullptr},
   };
   return rows;
 }
@@ -231,7 +148,7 @@ TEST(Operations, WithoutMetadataAnswerFalse) {
 
 TEST(Operations, TakeAWrongShapeForAnError) {
   for (const Operation& operation : operations()) {
-    for (const std::string property : operation.properties) {
+    for (const std::string& property : operation.properties) {
       SCOPED_TRACE(operation.name);
       Loaded simple("<" + property + ">text</" + property + ">");
       EXPECT_EQ(outcome([&] { return operation.get(simple); }),
@@ -246,8 +163,7 @@ TEST(Operations, TakeAWrongShapeForAnError) {
 TEST(Operations, RefuseWhatIsNoUtf8AndStoreTheRest) {
   const std::string texts[] = {"",
                                " ",
-                               "a\x01"
-                               "b",
+                               "a\1b",
                                std::string("a\0b", 3),
                                "<&>\"'",
                                "\xf0\x9f\x8e\xa8",

@@ -10,7 +10,8 @@ namespace {
 using Dgcs = std::vector<XMPlDgcc>;
 
 std::string curve(const std::string& name, const std::string& values) {
-  return fields("vxDGC:", {{"name", name}, {"values", values}});
+  return elements("vxDGC:", "name=" + name) +
+         (values.empty() ? "<vxDGC:values/>" : "<vxDGC:values>" + values + "</vxDGC:values>");
 }
 std::string curves(const std::vector<std::string>& items) {
   return list("vxDGCL:dgcs", "Bag", items);

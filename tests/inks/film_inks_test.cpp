@@ -1,7 +1,7 @@
 #include <gtest/gtest.h>
 
 #include "core/toolkit.h"
-#include "support/random_records.h"
+#include "support/records.h"
 
 namespace {
 

@@ -2,7 +2,7 @@
 
 #include <cmath>
 
-#include "support/random_records.h"
+#include "support/records.h"
 
 namespace {
 

@@ -7,13 +7,16 @@
 
 namespace {
 
+// What is replaced in a packet's text, and by what.
+using Edits = std::vector<std::pair<std::string, std::string>>;
+
 // A digital film. A letter is an ink, a curve or a screen group; a blank is an empty group.
 struct Film {
   std::string inks;
   std::vector<XMPlPagRange> ranges = {{1, 4, {1, 2}}};
   std::string curves = "";
   std::string structure = "";
-  std::vector<Field> edits = {};  // texts of the packet, and what stands there instead
+  Edits edits = {};
   std::string groups = inks;
   std::string name = inks;  // in all other records
 };
@@ -104,12 +107,11 @@ TEST(FilmMerge, AddsLaterPacketsByMode) {
 
 TEST(FilmMerge, TheFirstCompletePacketIsTheBase) {
   // What packets before the base have given stays where the base gives nothing.
-  const std::vector<Field> all = {{"(type|Tool|name)>C", "$1>S"},
-                                  {"<vxInk:name>S", "<vxInk:name>C"}};
+  const Edits all = {{"(type|Tool|name)>C", "$1>S"}, {"<vxInk:name>S", "<vxInk:name>C"}};
   const struct {
     const char* lacking;
     const char* baseLacks;
-    std::vector<Field> stale;
+    Edits stale;
   } rows[] = {
       {"vxPagL:pagelist", "vxDigFilm:version", all},
       {"vxGr:vsize", "vxDigFilm:version", all},

@@ -1,6 +1,8 @@
 #include <gtest/gtest.h>
 
-#include "support/random_records.h"
+#include <cmath>
+
+#include "support/packets.h"
 
 namespace {
 

@@ -27,8 +27,8 @@ std::string files(const std::string& schema, const std::string& text, const std:
     const auto values = split(row.find(',') == std::string::npos ? row + rest : row, ',');
     items.emplace_back();
     for (std::size_t i = 0; i < (current ? 5 : 2); ++i) {
-      const Field field{names[i], values[i]};
-      if (values[i] != "-") items.back() += fields(current ? "vxExtF:" : "stRef:", {field});
+      if (values[i] == "-") continue;
+      items.back() += elements(current ? "vxExtF:" : "stRef:", names[i] + ("=" + values[i]));
     }
   }
   return list(schema + ":files", "Bag", items);

@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <random>
 
-#include "support/random_records.h"
+#include "support/packets.h"
 
 namespace {
 

@@ -1,6 +1,6 @@
 #include <gtest/gtest.h>
 
-#include "support/random_records.h"
+#include "support/packets.h"
 
 namespace {
 

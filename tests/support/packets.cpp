@@ -1,7 +1,7 @@
 #include "support/packets.h"
 
 #include <algorithm>
-#include <sstream>
+#include <regex>
 
 #include "core/namespaces.h"
 
@@ -16,23 +16,29 @@ std::string packet(const std::string& properties) {
   return text + ">" + properties + "</rdf:Description></rdf:RDF></x:xmpmeta>";
 }
 
-std::string list(const std::string& array, const std::string& kind,
-                 const std::vector<std::string>& items) {
+std::string elements(const std::string& prefix, const std::string& names) {
+  std::istringstream words(names);
+  std::string text, word;
+  for (int number = 1; words >> word; ++number) {
+    if (word.find('=') == std::string::npos) word += "=" + std::to_string(number);
+    const std::size_t sign = word.find('=');
+    const std::string element = prefix + word.substr(0, sign), value = word.substr(sign + 1);
+    text +=
+        value.empty() ? "<" + element + "/>" : "<" + element + ">" + value + "</" + element + ">";
+  }
+  return text;
+}
+
+std::string swapped(const std::string& names, const std::string& name, const std::string& other) {
+  return std::regex_replace(names, std::regex("\\b" + name + "\\b"), other);
+}
+
+std::string list(const std::string& array, const std::string& kind, const Items& items) {
   std::string text = "<" + array + "><rdf:" + kind + ">";
   for (const std::string& item : items) {
     text += "<rdf:li rdf:parseType=\"Resource\">" + item + "</rdf:li>";
   }
   return text + "</rdf:" + kind + "></" + array + ">";
-}
-
-std::string fields(const std::string& prefix, const std::vector<Field>& values) {
-  std::string text;
-  for (const auto& [name, value] : values) {
-    const std::string element = prefix + name;
-    text +=
-        value.empty() ? "<" + element + "/>" : "<" + element + ">" + value + "</" + element + ">";
-  }
-  return text;
 }
 
 std::string stored(const XMPlib& xmp) {

@@ -1,6 +1,7 @@
 // Packets for tests, small enough to stand in the test.
 #pragma once
 
+#include <sstream>
 #include <string>
 #include <vector>
 
@@ -9,13 +10,16 @@
 // A packet that holds `properties`; every prefix of the schema may be used in them.
 std::string packet(const std::string& properties);
 
-// A list of structures: `list("vxFontL:fonts", "Bag", {...})`, an item being its fields' elements.
-std::string list(const std::string& array, const std::string& kind,
-                 const std::vector<std::string>& items);
+// Elements in short: "name=A type book=" is name A, type 2 (its number) and an empty book.
+std::string elements(const std::string& prefix, const std::string& names);
 
-// Elements in short: `fields("vxFont:", {{"name", "A"}, {"type", "B"}})`.
-using Field = std::pair<std::string, std::string>;
-std::string fields(const std::string& prefix, const std::vector<Field>& values);
+// `names` with `other` for a name.
+std::string swapped(const std::string& names, const std::string& name,
+                    const std::string& other = "");
+
+// A list of structures: `list("vxFontL:fonts", "Bag", {...})`, an item being its fields' elements.
+using Items = std::vector<std::string>;
+std::string list(const std::string& array, const std::string& kind, const Items& items);
 
 // What the handle holds: the elements of its properties, without blanks between them. Clears
 // ErrStr().
@@ -30,3 +34,16 @@ struct Loaded : XMPlib {
 struct Empty : XMPlib {
   Empty() { RemoveXAP(); }
 };
+
+// For each name, how many of three items are read when the second lacks that field.
+template <class Wrap, class Read>
+std::string readWithout(const char* prefix, const std::string& names, const Wrap& wrap,
+                        const Read& read) {
+  std::istringstream words(names);
+  std::string counts, name;
+  for (const std::string whole = elements(prefix, names); words >> name;) {
+    const Loaded xmp(wrap(Items{whole, elements(prefix, swapped(names, name)), whole}));
+    counts += std::to_string(read(xmp).size());
+  }
+  return counts;
+}
