@@ -297,7 +297,8 @@ class XMPLIB_API XMPlib {
   std::vector<XMPlExtRef> SimplifyExtRefs(const std::vector<XMPlExtRef>& refs) const;
   // The list with compacted runs ("files:...") expanded in their places, each file's name beginning
   // with "file:". Works on `refs` alone. Throws std::logic_error, "bad extref", for a run that
-  // cannot be read, and std::length_error for runs of more than ten million files in all.
+  // cannot be read, and std::length_error for runs of more than ten million files in all, or of
+  // more than 4 GiB of names.
   std::vector<XMPlExtRef> ExpandExtRefs(const std::vector<XMPlExtRef>& refs) const;
 
   // The structural design (CAD) files. Only `instanceID` and `renditionClass` are stored; other

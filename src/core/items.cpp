@@ -45,9 +45,7 @@ void ArrayWriter::addInteger(std::int32_t value) const {
 
 // A text ends at its first NUL, as everywhere in the toolkit.
 void ItemWriter::text(const char* field, const std::string& value) const {
-  XMP_Node& node = appendField(structure_, field);
-  refuseOverlong(value.c_str());
-  setText(node, value.c_str());
+  setText(appendField(structure_, field), value.c_str());
 }
 
 void ItemWriter::integer(const char* field, std::int32_t value) const {

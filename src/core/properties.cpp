@@ -1,5 +1,6 @@
 #include "core/properties.h"
 
+#include "core/tree.h"
 #include "core/value_text.h"
 
 namespace xmpl {
@@ -76,13 +77,13 @@ void PropertyWriter::emptyStructure(PropertyName name) const {
 }
 
 void PropertyWriter::defaultLanguage(PropertyName name, const std::string& text) const {
-  refuseOverlong(text.c_str());
+  refuseBadText(text.c_str());
   metadata_.SetProperty(name.schema, name.path, nullptr, kXMP_PropArrayIsAltText);
   const std::string item = std::string(name.path) + "[1]";
   try {
     metadata_.SetProperty(name.schema, item.c_str(), text);
     metadata_.SetQualifier(name.schema, item.c_str(), kXMP_NS_XML, "lang", "x-default");
-  } catch (const XMP_Error&) {
+  } catch (...) {  // no memory
     remove(name);  // an item without its language would keep the whole packet from serialising
     throw;
   }

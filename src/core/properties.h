@@ -42,8 +42,8 @@ class PropertyWriter {
 
   void emptyArray(PropertyName name, ArrayKind kind) const;
   void emptyStructure(PropertyName name) const;
-  // A language alternative whose one item is `text`, in the default language. After a toolkit
-  // error there is none.
+  // A language alternative whose one item is `text`, in the default language. Bad text changes
+  // nothing.
   void defaultLanguage(PropertyName name, const std::string& text) const;
 
  private:

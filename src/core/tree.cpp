@@ -13,6 +13,8 @@
 #include "XMPCore/source/XMPMeta.hpp"
 #pragma GCC diagnostic pop
 
+#include "core/value_text.h"
+
 namespace xmpl {
 namespace {
 
@@ -78,7 +80,15 @@ void makeArray(XMP_Node& node, ArrayKind kind) {
   node.options |= kXMP_PropValueIsArray | static_cast<XMP_OptionBits>(kind);
 }
 
-void setText(XMP_Node& node, const char* text) { node.SetValue(text); }
+void setText(XMP_Node& node, const char* text) {
+  refuseOverlong(text);
+  node.SetValue(text);
+}
+
+void refuseBadText(const char* text) {
+  XMP_Node scratch(nullptr, "", XMP_OptionBits{0});
+  setText(scratch, text);
+}
 
 void setPlainText(XMP_Node& node, std::string_view ascii) { node.value = ascii; }
 

@@ -34,7 +34,8 @@ XMP_Node& appendField(XMP_Node& structure, const char* name);
 void makeStructure(XMP_Node& node);
 void makeArray(XMP_Node& node, ArrayKind kind);
 
-void setText(XMP_Node& node, const char* text);             // refuses what is not UTF-8
+void setText(XMP_Node& node, const char* text);             // refuses what cannot be stored
+void refuseBadText(const char* text);                       // throws what setText would
 void setPlainText(XMP_Node& node, std::string_view ascii);  // ASCII without controls, unchecked
 
 }  // namespace xmpl

@@ -12,6 +12,7 @@
 //   stVer:version     text
 #include "core/call_guard.h"
 #include "core/properties.h"
+#include "core/tree.h"
 #include "document/three_way.h"
 
 namespace {
@@ -25,6 +26,7 @@ using xmpl::writeThreeWayDate;
 // Three-way, for all languages of the description at once.
 void writeDescription(const PropertyWriter& properties, const std::string& description) {
   if (description.empty()) return;
+  xmpl::refuseBadText(description.c_str());  // before the old one goes
   properties.remove("xmp:Description");
   if (description != xmpl::kErase) properties.defaultLanguage("xmp:Description", description);
 }

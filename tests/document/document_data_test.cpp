@@ -68,11 +68,14 @@ TEST(DocumentData, NowIsOneMomentForAllDatesOfACall) {
   EXPECT_EQ(read.creatorTool, "now");  // no date
 }
 
-TEST(DocumentData, WrittenBeforeAToolkitErrorStays) {
-  XMPlib xmp;
-  EXPECT_FALSE(xmp.SetDocumentData({"b", "", "2", "", "", "\xff"}));
-  EXPECT_EQ(xmp.ErrStr(), "Invalid UTF-8 sequence length");
-  EXPECT_EQ(stored(xmp), "<xmp:BaseURL>b</xmp:BaseURL>");
+TEST(DocumentData, WrittenBeforeAToolkitErrorStaysAndTheOldDescriptionToo) {
+  const std::string old = description({{"x-default", "old"}});
+  for (const std::string& before : {std::string(), old}) {
+    Loaded xmp(before);
+    EXPECT_FALSE(xmp.SetDocumentData({"b", "", "2", "", "", "\xff"}));
+    EXPECT_EQ(xmp.ErrStr(), "Invalid UTF-8 sequence length");
+    EXPECT_EQ(stored(xmp), before + "<xmp:BaseURL>b</xmp:BaseURL>");
+  }
 }
 
 TEST(DocumentVersion, GetNeverFillsTheComments) {
