@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <regex>
 
 #include "core/toolkit.h"
@@ -14,8 +15,8 @@ using Edits = std::vector<std::pair<std::string, std::string>>;
 struct Film {
   std::string inks;
   std::vector<XMPlPagRange> ranges = {{1, 4, {1, 2}}};
-  std::string curves = "";
-  std::string structure = "";
+  std::string curves = {};
+  std::string structure = {};
   Edits edits = {};
   std::string groups = inks;
   std::string name = inks;  // in all other records
@@ -54,8 +55,8 @@ std::string storedOf(const std::string& text) {
 }
 
 std::string merged(const std::vector<Film>& films, int mode) {
-  std::vector<std::string> packets;
-  for (const Film& film : films) packets.push_back(packetOf(film));
+  std::vector<std::string> packets(films.size());
+  std::transform(films.begin(), films.end(), packets.begin(), packetOf);
   XMPlib xmp;
   xmp.SetColorSpace({"wrong", "", ""});  // leaves an error text
   EXPECT_TRUE(xmp.MergeXML(packets, mode, true));
