@@ -9,7 +9,7 @@
 
 #include "core/registry.h"
 #include "core/toolkit.h"
-#include "support/packets.h"
+#include "kinds.h"
 
 namespace {
 
@@ -63,8 +63,10 @@ std::size_t slotsInUse() {
   return used;
 }
 
+using Operation = std::function<void(XMPlib&)>;
+
 // Whether the operation came to its end, with the allocation number `failing` failing on the way.
-bool succeeds(long failing, const std::function<void(XMPlib&)>& operation, XMPlib& xmp) {
+bool completes(long failing, const Operation& operation, XMPlib& xmp) {
   bool thrown = false;
   allocationsToFailure = failing;
   try {
@@ -79,50 +81,13 @@ bool succeeds(long failing, const std::function<void(XMPlib&)>& operation, XMPli
   return allPassed && !thrown;
 }
 
-std::vector<XMPlExtRef> references() {
-  std::vector<XMPlExtRef> refs(3);
-  for (std::size_t i = 0; i < refs.size(); ++i) {
-    refs[i].instanceID = "file:/a long enough name/page_00" + std::to_string(i) + ".tif";
-    refs[i].type = "image";
-    refs[i].pagenr = 0;
-  }
-  return refs;
-}
-
-std::string filledPacket() {
-  XMPlib xmp;
-  XMPlInk ink;
-  ink.name = "an ink with a name beyond a small string";
-  ink.coverageValid = true;
-  xmp.SetInks({ink, ink}, true);
-  xmp.SetExtRefs(references());
-  XMPlFont font;
-  font.fontfile = "somewhere;a font with a name beyond a small string";
-  xmp.SetFonts({font});
-  XMPlScreen screen;
-  screen.hasScreening = true;
-  xmp.SetScreenContainer({{screen}, {screen}});
-  XMPlDgcc curve;
-  curve.name = "a curve with a name beyond a small string";
-  curve.values = {1, 2, 3};
-  xmp.SetDgcs({curve});
-  xmp.SetPagRanges({{1, 2, {1, 2, 3}}});
-  xmp.SetUsedRefs({{"a used file with a name beyond a small string", "", 1}});
-  xmp.SetDimDatDigFilm(XMPlDimDatDigFilm());
-  xmp.SetColorSpace(XMPlColorSpace());
-  XMPlInkDigFilm filmInk;
-  xmp.SetInksDigFilm({filmInk}, true);
-  return xmp.GetXMLPacket(false, 0);
-}
-
-void expectToSurvive(const std::function<void(XMPlib&)>& operation) {
-  static const std::string filled = filledPacket();
+void expectToSurvive(const std::string& packet, const Operation& operation) {
   for (long failing = 0;; ++failing) {
     ASSERT_LT(failing, 100000);
     const std::size_t used = slotsInUse();
     XMPlib xmp;
-    xmp.SetXML(filled);
-    const bool succeeded = succeeds(failing, operation, xmp);
+    xmp.SetXML(packet);
+    const bool completed = completes(failing, operation, xmp);
     XMPlib probe;  // hangs if the lock is held
     EXPECT_TRUE(probe.SetNrPages(1));
     if (!xmp.SetNrPages(1)) {
@@ -130,75 +95,93 @@ void expectToSurvive(const std::function<void(XMPlib&)>& operation) {
       xmp.CreateXAP();
       EXPECT_TRUE(xmp.SetNrPages(1));
     }
+    EXPECT_FALSE(xmp.GetXML().empty());
     EXPECT_EQ(slotsInUse(), used + 2);
-    if (succeeded) return;
+    if (completed) return;
   }
+}
+
+// A value whose texts need memory of their own; references are a run.
+template <class Value>
+Value longTexts() {
+  Value value{};
+  visitFields(
+      value, [](auto& items) { items.resize(1); },
+      []<class Field>(Field& field) {
+        if constexpr (std::is_same_v<Field, bool>) field = true;
+        if constexpr (std::is_same_v<Field, std::string>) field = "beyond a small string";
+      });
+  if constexpr (std::is_same_v<Value, XMPlColorSpace>) value.colorprofloc = "PDFOutputIntent";
+  if constexpr (std::is_same_v<Value, std::vector<XMPlExtRef>>) {
+    for (std::size_t i = 0; i < value.size(); ++i) {
+      value[i] = {"file:/a folder/page_00" + std::to_string(i) + ".tif", "", 0, "image", 1};
+    }
+  }
+  return value;
+}
+
+// A packet with everything in it.
+std::string filledPacket() {
+  XMPlib xmp;
+  forEachKind([&]<class Value>(const Kind<Value>& kind) { kind.set(xmp, longTexts<Value>()); });
+  return xmp.GetXMLPacket(false, 0);
 }
 
 }  // namespace
 
 TEST(Allocation, FailsWithoutHarmInHandlesAndPackets) {
   const std::string filled = filledPacket();
-  expectToSurvive([](XMPlib& xmp) { XMPlib another, copy(xmp); });
-  expectToSurvive([&](XMPlib& xmp) { xmp.SetXML(filled); });
-  expectToSurvive([](XMPlib& xmp) { xmp.SetXML("<a"); });
-  expectToSurvive([](XMPlib& xmp) { xmp.GetXMLPacket(false, 0); });
-  expectToSurvive([&](XMPlib& xmp) { xmp.MergeXML(filled, true); });
-  expectToSurvive([&](XMPlib& xmp) { xmp.MergeXML({filled, filled}, 0, true); });
-  expectToSurvive([&](XMPlib& xmp) {
+  expectToSurvive(filled, [](XMPlib& xmp) { XMPlib another, copy(xmp); });
+  expectToSurvive("", [&](XMPlib& xmp) { xmp.SetXML(filled); });
+  expectToSurvive("", [](XMPlib& xmp) { xmp.SetXML("<a"); });
+  expectToSurvive(filled, [](XMPlib& xmp) { xmp.GetXMLPacket(false, 0); });
+  expectToSurvive(filled, [&](XMPlib& xmp) { xmp.MergeXML(filled, true); });
+  expectToSurvive("", [&](XMPlib& xmp) { xmp.MergeXML({filled, filled}, 0, true); });
+  const std::string foreign =
+      "<rdf:RDF xmlns:rdf='http://www.w3.org/1999/02/22-rdf-syntax-ns#'>"
+      "<rdf:Description rdf:about='' xmlns:o='http://allocation.example/?a&amp;b'>"
+      "<o:a><rdf:Bag><rdf:li>1</rdf:li></rdf:Bag></o:a></rdf:Description></rdf:RDF>";
+  expectToSurvive(filled, [&](XMPlib& xmp) {
     XMPlib other;
-    other.SetXML(
-        "<rdf:RDF xmlns:rdf='http://www.w3.org/1999/02/22-rdf-syntax-ns#'>"
-        "<rdf:Description rdf:about='' xmlns:o='http://allocation.example/'>"
-        "<o:a><rdf:Bag><rdf:li>1</rdf:li></rdf:Bag></o:a></rdf:Description></rdf:RDF>");
+    other.SetXML(foreign);
     xmp.MergeNonOrvo(&other);
   });
 }
 
 TEST(Allocation, FailsWithoutHarmInRecords) {
-  expectToSurvive([](XMPlib& xmp) {
-    XMPlJobData job;
-    job.name = job.description = "a text beyond a small string, really";
-    xmp.SetJobData(job);
-    xmp.GetJobData(job);
+  forEachKind([]<class Value>(const Kind<Value>& kind) {
+    XMPlib filled;
+    EXPECT_TRUE(kind.set(filled, longTexts<Value>()));
+    expectToSurvive(filled.GetXML(), [&](XMPlib& xmp) {
+      Value value{};
+      kind.get(xmp, value);
+      kind.set(xmp, value);
+    });
   });
-  expectToSurvive([](XMPlib& xmp) {
-    XMPlDocData data;
-    data.createDate = "now";
-    data.description = "a text beyond a small string, really";
-    xmp.SetDocumentData(data);
-    xmp.GetDocumentData(data);
+  expectToSurvive("", [](XMPlib& xmp) { xmp.SetDocumentData({"", "now", "", "", "", ""}); });
+  expectToSurvive("", [](XMPlib& xmp) { xmp.SetPDFData(longTexts<XMPlPDFData>()); });
+  expectToSurvive("", [](XMPlib& xmp) { xmp.SetMMData(longTexts<XMPlMMData>()); });
+  expectToSurvive("", [](XMPlib& xmp) {
+    std::vector<XMPlMetaDataDigFilm> films(1);
+    films[0].screens.resize(2);
+    films[0].uRefs.resize(2);
+    xmp.SetMetaDataDigFilms(films);
   });
-  expectToSurvive([](XMPlib& xmp) {
-    std::vector<XMPlInk> inks;
-    xmp.GetInks(inks);
-    xmp.SetInks(inks, true);
-    inks.emplace_back().angle = 7;
-    xmp.MergeInks(inks, true);
-  });
-  expectToSurvive([](XMPlib& xmp) {
-    std::vector<XMPlExtRef> refs;
-    xmp.GetExtRefs(refs);
-    xmp.SetExtRefs(refs);
-    xmp.MergeExtRefs(references());
-  });
-  expectToSurvive([](XMPlib& xmp) {
-    std::vector<XMPlFont> fonts;
-    xmp.GetFonts(fonts, false);
-    xmp.SetFonts(fonts);
-    fonts.emplace_back();
-    xmp.MergeFonts(fonts);
-  });
-  expectToSurvive([](XMPlib& xmp) {
-    std::vector<std::vector<XMPlScreen>> groups;
-    xmp.GetScreenContainer(groups);
-    xmp.SetScreenContainer(groups);
-    std::vector<XMPlDgcc> curves;
-    xmp.GetDgcs(curves);
-    xmp.SetDgcs(curves);
-    std::vector<XMPlPagRange> ranges;
-    xmp.GetPagRanges(ranges);
-    xmp.SetPagRanges(ranges);
-    xmp.SetMetaDataDigFilms(std::vector<XMPlMetaDataDigFilm>(1));
-  });
+}
+
+TEST(Allocation, FailsWithoutHarmInMerges) {
+  const std::string filled = filledPacket();
+  const auto merging = [&]<class List, class... Flag>(bool (XMPlib::*merge)(const List&, Flag...)) {
+    expectToSurvive(filled, [merge](XMPlib& xmp) {
+      List records = longTexts<List>();
+      records.emplace_back();  // a new one
+      (xmp.*merge)(records, Flag(true)...);
+    });
+  };
+  merging(&XMPlib::MergeInks);
+  merging(&XMPlib::MergeExtRefs);
+  merging(&XMPlib::MergeCadFiles);
+  merging(&XMPlib::MergeFonts);
+  merging(&XMPlib::MergeBarcodes);
+  merging(&XMPlib::MergeLayers);
 }
