@@ -130,6 +130,7 @@ TEST(Limits, NamespacesWithReferencesAreKeptAsTheyAreWritten) {
   const std::string rows[][2] = {
       {"'http://limits.example/?a&amp;b'", "http://limits.example/?a&amp;b"},
       {"'http://limits.example/\"&#x22;\"'", "http://limits.example/&quot;&#x22;&quot;"},
+      {"'&apos;&gt;&#x9;&#10;&#xE000;&#x10FFFF;'", "&apos;&gt;&#x9;&#10;&#xE000;&#x10FFFF;"},
       {"\"http://limits.example/&lt;&#38;&#xE9;'>\"", "http://limits.example/&lt;&#38;&#xE9;'>"},
   };
   for (const auto& row : rows) {
@@ -141,13 +142,19 @@ TEST(Limits, NamespacesWithReferencesAreKeptAsTheyAreWritten) {
     EXPECT_EQ(again.GetXML(), xmp.GetXML());
     EXPECT_NE(stored(again).find("q>2<"), std::string::npos);
   }
-  for (const char* uri : {"'&none;'", "'&#0;'", "'&#xD800;'", "'&amp'", "'&#1x;'", "'&#;'"}) {
+  for (const char* uri : {"'&none;'", "'&#0;'", "'&#xD800;'", "'&#x110000;'", "'&#65534;'",
+                          "'&#65x;'", "'&amp'", "'&#;'"}) {
     EXPECT_EQ(errorOf(packetWith(uri)), "XML parsing failure") << uri;
   }
   const char* const refusal = "a namespace URI with a quote or a character reference";
   EXPECT_EQ(errorOf(utf16(packetWith("'u:&amp;'"), true)), refusal);
   EXPECT_EQ(errorOf("<a\x81xmlns:n='u:&amp;'/>"), refusal);
-  EXPECT_EQ(errorOf(described("<dc:p dc:xmlns='a&amp;b'/>")), "");
+  for (const char* name : {"dc:xmlns", "xmlnsa:p"}) {  // no declarations
+    const std::string attribute = std::string(name) + "='a&amp;b'";
+    XMPlib xmp;
+    xmp.SetXML(described("<dc:p xmlns:xmlnsa='u:v' " + attribute + "/>"));
+    EXPECT_NE(stored(xmp).find(">a&amp;b<"), std::string::npos) << name;
+  }
 }
 
 TEST(Limits, TagsCannotBeHiddenFromThem) {
@@ -170,10 +177,12 @@ TEST(Limits, TagsCannotBeHiddenFromThem) {
     EXPECT_EQ(errorOf(described("<dc:l><rdf:Bag>" + declared + "</rdf:Bag></dc:l>")),
               "more than 1,024 namespaces");
   }
-  const std::string attributes =
-      numbered(1000, [](const std::string& i) { return " dc:xmlns" + i + "=''"; });
-  EXPECT_EQ(errorOf(rdf(repeated(17, "<rdf:Description" + attributes + "/>"))),
-            "more than 16,384 properties");
+  for (const std::string name : {" dc:xmlns", " \xc3\xa9xmlns:a"}) {
+    const std::string attributes =
+        numbered(1000, [&name](const std::string& i) { return name + i + "=''"; });
+    EXPECT_EQ(errorOf(rdf(repeated(17, "<rdf:Description" + attributes + "/>"))),
+              "more than 16,384 properties");
+  }
 }
 
 TEST(Limits, NamespacesOnOnePrefixGetVariantsOfIt) {

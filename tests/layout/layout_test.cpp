@@ -21,8 +21,8 @@ TEST(Repeats, StoreWhatTheirTypeHas) {
                                    elements("vxSRRep:", "type=Grid name=n" + rest)});
   XMPlib xmp;
   std::vector<XMPlRepeat> list;
-  const std::string nul("grid\0", 5);  // is stored as "grid"
-  for (const std::string& type : {std::string("die"), nul, std::string("Grid")}) {
+  const std::string types[] = {{"die\0", 4}, {"grid\0", 5}, "Grid"};  // stored up to a NUL
+  for (const std::string& type : types) {
     list.push_back({type, "n", "", 3, 4, "f", 1, "b", 2, 5});
   }
   EXPECT_TRUE(xmp.SetRepeats(list));
