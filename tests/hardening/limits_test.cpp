@@ -97,6 +97,13 @@ TEST(Limits, APacketAtALimitLoadsAndOneOverItIsRefused) {
   }
 }
 
+TEST(Limits, HoldForWhatComesOutOfTheToolkitToo) {
+  XMPlib xmp;
+  xmp.SetXML(described(structures(125, "<dc:s dc:a='1'/>")));  // comes out one level deeper
+  EXPECT_EQ(xmp.ErrStr(), "");
+  EXPECT_EQ(errorOf(xmp.GetXML()), "more than 128 levels of elements");
+}
+
 TEST(Limits, LeaveUtf16PacketsAsTheyAre) {
   XMPlib xmp;
   std::string text;

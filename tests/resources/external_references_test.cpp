@@ -157,8 +157,10 @@ TEST(Expansion, ThrowsForRunsThatCannotBeReadOrAreTooLong) {
   for (const char* row : {"a files:a.t#1-2", "a files:a*b", "a files:a-b*c#12", "FILES:"}) {
     EXPECT_EQ(thrown(row), "bad extref");
   }
-  for (const char* row : {"a files:a*#1-10000001", "files:a*#2147483648-2147483647",
-                          "files:a*#1-6000000 files:b*#1-4000001"}) {
+  for (const std::string& row :
+       {std::string("a files:a*#1-10000001"), std::string("files:a*#2147483648-2147483647"),
+        std::string("files:a*#1-6000000 files:b*#1-4000001"),
+        "files:" + std::string(500, 'a') + "*#1-9999999"}) {
     EXPECT_EQ(thrown(row), "too long");
   }
 }
