@@ -256,9 +256,13 @@ class Scanner {
   }
 
   static std::string_view prefixIn(std::string_view declaration) {
-    declaration = declaration.substr(0, declaration.find_first_of("= \t\r\n"));
-    const std::size_t colon = declaration.find(':');
-    return colon == kNone ? kDefaultPrefix : declaration.substr(colon + 1);
+    const auto mayBeInName = [](char c) {
+      return isNameCharacter(c) || static_cast<unsigned char>(c) >= 0x80;
+    };
+    const auto end = std::find_if_not(declaration.begin(), declaration.end(), mayBeInName);
+    const std::string_view name(declaration.begin(), end);
+    const std::size_t colon = name.find(':');
+    return colon == kNone ? kDefaultPrefix : name.substr(colon + 1);
   }
 
   void noteDeclaration(std::string_view prefix, std::string_view uri, bool isPlain,
