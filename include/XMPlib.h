@@ -80,8 +80,9 @@ class XMPLIB_API XMPlib {
   // A packet over one of these limits is not parsed: ErrStr() says which, and where. 128 levels of
   // elements; 4,096 attributes of one element; 16,384 children of one element other than rdf:li,
   // and as many properties in all; 1,024 namespaces; 256 MiB of text, 1 GiB when serialised
-  // (estimated); any DOCTYPE; in UTF-16 packets, a double quote or a character reference in a
-  // namespace URI. Within them, loading takes time in step with the packet's size.
+  // (estimated); any DOCTYPE; in a namespace URI, a reference that XML does not know, and in UTF-16
+  // packets any reference and a double quote. Within them, loading takes time in step with the
+  // packet's size.
   bool SetXML(const std::string& text);
 
   // The metadata as RDF, without packet wrapper. Empty without a metadata object (ErrStr() is

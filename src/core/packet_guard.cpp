@@ -181,10 +181,9 @@ class Scanner {
     const bool isNew = !uri.empty() && declared_.insert(uri).second;
     if (declared_.size() > limits::kNamespaces) refuse("more than 1,024 namespaces", position);
     const bool needsEscape = uri.find_first_of("&\"") != kNone;
-    if (needsEscape && !(isPlain && mayEdit_)) {
+    if (needsEscape && !(isPlain && mayEdit_ && hasOnlyReferences(uri))) {
       refuse("a namespace URI with a quote or a character reference", position);
     }
-    if (needsEscape && !hasOnlyReferences(uri)) return;  // not well formed
     const std::string written = needsEscape ? escape(uri) : std::string(uri);
     if (isNew) result_.declarations.push_back({std::string(prefix), written});
   }

@@ -149,11 +149,11 @@ TEST(Limits, NamespacesWithReferencesAreKeptAsTheyAreWritten) {
     EXPECT_EQ(again.GetXML(), xmp.GetXML());
     EXPECT_NE(stored(again).find("q>2<"), std::string::npos);
   }
-  for (const char* uri : {"'&none;'", "'&#0;'", "'&#xD800;'", "'&#x110000;'", "'&#65534;'",
-                          "'&#65x;'", "'&amp'", "'&#;'"}) {
-    EXPECT_EQ(errorOf(packetWith(uri)), "XML parsing failure") << uri;
-  }
   const char* const refusal = "a namespace URI with a quote or a character reference";
+  for (const char* uri : {"'&none;'", "'&#0;'", "'\"&#x1;'", "'&#xD800;'", "'&#x110000;'",
+                          "'&#65534;'", "'&#65x;'", "'&amp'", "'&#;'"}) {
+    EXPECT_EQ(errorOf(packetWith(uri)), refusal) << uri;
+  }
   EXPECT_EQ(errorOf(utf16(packetWith("'u:&amp;'"), true)), refusal);
   EXPECT_EQ(errorOf("<a\x81xmlns:n='u:&amp;'/>"), refusal);
   for (const char* name : {"dc:xmlns", "xmlnsa:p"}) {  // no declarations
