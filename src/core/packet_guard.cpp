@@ -180,21 +180,18 @@ class Scanner {
                        std::size_t position) {
     const bool isNew = !uri.empty() && declared_.insert(uri).second;
     if (declared_.size() > limits::kNamespaces) refuse("more than 1,024 namespaces", position);
-    const bool needsEscape = uri.find_first_of("&\"") != kNone;
-    if (needsEscape && !(isPlain && mayEdit_ && hasOnlyReferences(uri))) {
+    if (uri.find_first_of("&\"") == kNone) {
+      if (isNew) result_.declarations.push_back({std::string(prefix), std::string(uri)});
+      return;
+    }
+    const std::optional<std::string> written = quotable(uri);
+    if (!isPlain || !mayEdit_ || !written) {
       refuse("a namespace URI with a quote or a character reference", position);
     }
-    const std::string written = needsEscape ? escape(uri) : std::string(uri);
-    if (isNew) result_.declarations.push_back({std::string(prefix), written});
-  }
-
-  // The toolkit writes URIs as they are. So it gets, for the URI, the text that shall be written:
-  // references stay references, whatever they stand for.
-  std::string escape(std::string_view uri) {
-    std::string written = replaced(uri, '"', "&quot;");
+    // The toolkit writes URIs as they are. So it gets, for the URI, the text that shall be written.
     const auto begin = static_cast<std::size_t>(uri.data() - packet_.data());
-    replace(begin, begin + uri.size(), replaced(written, '&', "&amp;"));
-    return written;
+    replace(begin, begin + uri.size(), replaced(*written, '&', "&amp;"));
+    if (isNew) result_.declarations.push_back({std::string(prefix), *written});
   }
 
   void replace(std::size_t begin, std::size_t end, std::string_view text) {

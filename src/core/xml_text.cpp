@@ -12,18 +12,49 @@ bool isXmlCharacter(std::uint32_t c) {
          (c >= 0xE000 && c <= 0xFFFD) || (c >= 0x10000 && c <= 0x10FFFF);
 }
 
-// Whether "&name;" is a reference that every XML parser knows.
-bool isReference(std::string_view name) {
-  if (!name.starts_with('#')) {
-    constexpr std::array<std::string_view, 5> kNames{"amp", "lt", "gt", "quot", "apos"};
-    return std::find(kNames.begin(), kNames.end(), name) != kNames.end();
+// The character that "&name;" stands for. Nothing where XML knows none.
+std::optional<std::uint32_t> referencedBy(std::string_view name) {
+  constexpr std::pair<std::string_view, char> kNamed[] = {
+      {"amp", '&'}, {"lt", '<'}, {"gt", '>'}, {"quot", '"'}, {"apos", '\''}};
+  for (const auto& [known, character] : kNamed) {
+    if (name == known) return character;
   }
+  if (!name.starts_with('#')) return {};
   const bool isHexadecimal = name.starts_with("#x");
   name.remove_prefix(isHexadecimal ? 2 : 1);
   const char* const end = name.data() + name.size();
   std::uint32_t character = 0;
   const auto [stop, error] = std::from_chars(name.data(), end, character, isHexadecimal ? 16 : 10);
-  return error == std::errc() && stop == end && isXmlCharacter(character);
+  if (error != std::errc() || stop != end || !isXmlCharacter(character)) return {};
+  return character;
+}
+
+std::string utf8(std::uint32_t character) {
+  if (character < 0x80) return {static_cast<char>(character)};
+  const auto tail = [character](int shift) {
+    return static_cast<char>(0x80 | (character >> shift & 0x3F));
+  };
+  const auto lead = [character](unsigned marker, int shift) {
+    return static_cast<char>(marker | character >> shift);
+  };
+  if (character < 0x800) return {lead(0xC0, 6), tail(0)};
+  if (character < 0x10000) return {lead(0xE0, 12), tail(6), tail(0)};
+  return {lead(0xF0, 18), tail(12), tail(6), tail(0)};
+}
+
+// As it may stand between double quotes. Bare control characters would become blanks.
+std::string quotable(std::uint32_t character) {
+  switch (character) {
+    case '&':
+      return "&amp;";
+    case '<':
+      return "&lt;";
+    case '"':
+      return "&quot;";
+    default:
+      if (character < ' ' || character == 0x7F) return "&#" + std::to_string(character) + ";";
+      return utf8(character);
+  }
 }
 
 }  // namespace
@@ -55,12 +86,23 @@ std::string_view declaredPrefix(std::string_view declaration) {
   return colon == kNone ? kDefaultPrefix : name.substr(colon + 1);
 }
 
-bool hasOnlyReferences(std::string_view text) {
-  for (std::size_t i = text.find('&'); i != kNone; i = text.find('&', i + 1)) {
-    const std::size_t end = text.find(';', i);
-    if (end == kNone || !isReference(text.substr(i + 1, end - i - 1))) return false;
+std::optional<std::string> quotable(std::string_view value) {
+  std::string text;
+  while (!value.empty()) {
+    std::size_t length = 1;
+    if (value[0] == '&') {
+      length = std::min(value.find(';'), value.size() - 1) + 1;
+      const auto character = referencedBy(value.substr(1, length - 2));
+      if (!character || value[length - 1] != ';') return {};
+      text += quotable(*character);
+    } else if (value[0] == '"') {
+      text += "&quot;";
+    } else {
+      text += value[0];
+    }
+    value.remove_prefix(length);
   }
-  return true;
+  return text;
 }
 
 std::string replaced(std::string_view text, char character, std::string_view by) {

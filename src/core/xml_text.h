@@ -3,6 +3,7 @@
 
 #include <array>
 #include <cstddef>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -43,8 +44,9 @@ std::size_t declarationIn(std::string_view before);  // the place of "xmlns" or 
 // The prefix of a text that begins with "xmlns"; for "xmlns" alone, the toolkit's name for it.
 std::string_view declaredPrefix(std::string_view declaration);
 
-// Whether every '&' begins a reference that all XML parsers know, to a character that XML can hold.
-bool hasOnlyReferences(std::string_view text);
+// The value of an attribute as it may stand between double quotes, with no more references than it
+// needs. Nothing where it has one that XML does not know.
+std::optional<std::string> quotable(std::string_view value);
 
 std::string replaced(std::string_view text, char character, std::string_view by);
 

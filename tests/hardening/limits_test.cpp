@@ -129,16 +129,18 @@ TEST(Limits, WhatWouldSwellOrTakeTooLongIsRefused) {
             "too many elements of many children");
 }
 
-TEST(Limits, NamespacesWithReferencesAreKeptAsTheyAreWritten) {
+TEST(Limits, NamespacesWithReferencesAreKept) {
   const auto packetWith = [](const std::string& uri) {
     return described("<n:p xmlns:n=" + uri + ">1</n:p><dc:l><rdf:Bag><rdf:li xmlns:n=" + uri +
                      " rdf:parseType='Resource'><n:q>2</n:q></rdf:li></rdf:Bag></dc:l>");
   };
   const std::string rows[][2] = {
       {"'http://limits.example/?a&amp;b'", "http://limits.example/?a&amp;b"},
-      {"'http://limits.example/\"&#x22;\"'", "http://limits.example/&quot;&#x22;&quot;"},
-      {"'&apos;&gt;&#x9;&#10;&#xE000;&#x10FFFF;'", "&apos;&gt;&#x9;&#10;&#xE000;&#x10FFFF;"},
-      {"\"http://limits.example/&lt;&#38;&#xE9;'>\"", "http://limits.example/&lt;&#38;&#xE9;'>"},
+      {"'http://limits.example/\"&#x22;\"'", "http://limits.example/&quot;&quot;&quot;"},
+      {"\"http://limits.example/&lt;&#38;'&apos;>&gt;\"", "http://limits.example/&lt;&amp;''>>"},
+      {"'&#35;&#x7F;&#x80;&#x7FF;&#x800;&#xE000;&#xFFFD;&#x10000;&#x10FFFF;'",
+       "#&#127;\u0080\u07FF\u0800\uE000\uFFFD\U00010000\U0010FFFF"},
+      {"'&#x9;&#10;&#13; '", "&#9;&#10;&#13; "},
   };
   for (const auto& row : rows) {
     XMPlib xmp, again;
@@ -156,6 +158,11 @@ TEST(Limits, NamespacesWithReferencesAreKeptAsTheyAreWritten) {
   }
   EXPECT_EQ(errorOf(utf16(packetWith("'u:&amp;'"), true)), refusal);
   EXPECT_EQ(errorOf("<a\x81xmlns:n='u:&amp;'/>"), refusal);
+  XMPlib known;
+  known.SetXML(
+      "<rdf:RDF xmlns:rdf='http://www.w3.org/1999/02/22-rdf-syntax-ns&#35;'><rdf:Description "
+      "rdf:about='' xmlns:pdf='http:&#47;/ns.adobe.com/pdf/1.3/' pdf:Keywords='k'/></rdf:RDF>");
+  EXPECT_EQ(stored(known), "<pdf:Keywords>k</pdf:Keywords>");
   for (const char* name : {"dc:xmlns", "xmlnsa:p"}) {  // no declarations
     const std::string attribute = std::string(name) + "='a&amp;b'";
     XMPlib xmp;
