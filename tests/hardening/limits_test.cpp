@@ -153,7 +153,7 @@ TEST(Limits, NamespacesWithReferencesAreKept) {
   }
   const char* const refusal = "a namespace URI with a quote or a character reference";
   for (const char* uri : {"'&none;'", "'&#0;'", "'\"&#x1;'", "'&#xD800;'", "'&#x110000;'",
-                          "'&#65534;'", "'&#65x;'", "'&amp'", "'&#;'"}) {
+                          "'&#65534;'", "'&#65x;'", "'&amp'", "'&ampx'", "'&#;'"}) {
     EXPECT_EQ(errorOf(packetWith(uri)), refusal) << uri;
   }
   EXPECT_EQ(errorOf(utf16(packetWith("'u:&amp;'"), true)), refusal);
@@ -227,6 +227,16 @@ TEST(PacketGuard, DropsBlanksBetweenTagsAndKeepsThoseThatAreContent) {
       {"", ""},
   };
   for (const auto& row : rows) EXPECT_EQ(xmpl::guardPacket(row.packet).text, row.parsed);
+}
+
+TEST(PacketGuard, TellsEachNamespaceOnce) {
+  std::string all;
+  for (const auto& [prefix, uri] :
+       xmpl::guardPacket("<a xmlns='u:d' xmlns:n='u:n'><b xmlns:m='u:n' xmlns:é= 'u:&#38;\"'/></a>")
+           .declarations) {
+    all += prefix + "=" + uri + " ";
+  }
+  EXPECT_EQ(all, "_dflt_=u:d n=u:n é=u:&amp;&quot; ");
 }
 
 TEST(ToolkitChanges, AreThoseThatAreDocumented) {
