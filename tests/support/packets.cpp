@@ -1,7 +1,6 @@
 #include "support/packets.h"
 
 #include <algorithm>
-#include <regex>
 
 #include "core/namespaces.h"
 
@@ -30,7 +29,10 @@ std::string elements(const std::string& prefix, const std::string& names) {
 }
 
 std::string swapped(const std::string& names, const std::string& name, const std::string& other) {
-  return std::regex_replace(names, std::regex("\\b" + name + "\\b"), other);
+  std::istringstream words(names);
+  std::string text;
+  for (std::string word; words >> word;) text += (word == name ? other : word) + " ";
+  return text;
 }
 
 std::string list(const std::string& array, const std::string& kind, const Items& items) {
