@@ -1,6 +1,7 @@
 // Every allocation of an operation fails in turn, until the operation succeeds: nothing crashes,
 // the lock is free, no slot of the registry is lost and the handle stays usable.
 #include <gtest/gtest.h>
+#include <malloc.h>
 
 #include <cstdlib>
 #include <functional>
@@ -43,13 +44,13 @@ void operator delete[](void* memory) noexcept { std::free(memory); }
 void operator delete(void* memory, std::size_t) noexcept { std::free(memory); }
 void operator delete[](void* memory, std::size_t) noexcept { std::free(memory); }
 
-// The toolkit loses a node whose parent cannot grow to hold it. None of this library's own
-// allocations is among these.
+// The toolkit loses a node whose parent cannot grow to hold it, and the expat parser of an adapter
+// that cannot be made. None of this library's own allocations is among these.
 extern "C" const char* __lsan_default_suppressions();  // NOLINT(bugprone-reserved-identifier)
 extern "C" const char* __lsan_default_suppressions() {
   return "leak:FindChildNode\nleak:FindSchemaNode\nleak:FindIndexedItem\nleak:FindQualifierNode\n"
          "leak:RDF_Parser\nleak:StartElementHandler\nleak:CharacterDataHandler\n"
-         "leak:ProcessingInstructionHandler\nleak:XMP_NewExpatAdapter\n";
+         "leak:ProcessingInstructionHandler\nleak:libexpat\n";
 }
 
 namespace {
@@ -130,6 +131,7 @@ std::string filledPacket() {
 }  // namespace
 
 TEST(Allocation, FailsWithoutHarmInHandlesAndPackets) {
+  const std::size_t before = mallinfo2().uordblks;  // 0 under sanitizers
   const std::string filled = filledPacket();
   expectToSurvive(filled, [](XMPlib& xmp) { XMPlib another, copy(xmp); });
   expectToSurvive("", [&](XMPlib& xmp) { xmp.SetXML(filled); });
@@ -146,6 +148,7 @@ TEST(Allocation, FailsWithoutHarmInHandlesAndPackets) {
     other.SetXML(foreign);
     xmp.MergeNonOrvo(&other);
   });
+  EXPECT_LT(mallinfo2().uordblks - before, 4U << 20);  // of some 5,000 parses, no parser is lost
 }
 
 TEST(Allocation, FailsWithoutHarmInRecords) {
