@@ -161,16 +161,15 @@ class Scanner {
     }
   }
 
-  // `before` is what stands in a tag before a quoted value: blanks, the name, "=", blanks. Much is
-  // a blank here: before it parses, the toolkit makes blanks of control characters, of references
-  // to them and of some bytes that are not UTF-8.
+  // `before` is what stands in the tag before the quoted value.
   void noteAttribute(std::string_view before, std::string_view value, std::size_t position) {
     serialised_ += kIndent * depth_;  // it may come out as an element of its own
     const std::size_t declaration = declarationIn(before);
     const bool declares = declaration != kNone;
     const bool isPlain = declares && declaration > 0 && isXmlBlank(before[declaration - 1]);
-    if (declares)
+    if (declares) {
       noteDeclaration(declaredPrefix(before.substr(declaration)), value, isPlain, position);
+    }
     if (!isPlain && depth_ > 1 && attributeName(before) != "rdf:about") {
       countProperty(open_[depth_ - 2], position);
     }
@@ -190,7 +189,9 @@ class Scanner {
     }
     // The toolkit writes URIs as they are. So it gets, for the URI, the text that shall be written.
     const auto begin = static_cast<std::size_t>(uri.data() - packet_.data());
-    replace(begin, begin + uri.size(), replaced(*written, '&', "&amp;"));
+    const std::string escaped = replaced(*written, '&', "&amp;");
+    replace(begin, begin + uri.size(), escaped);
+    serialised_ += escaped.size();
     if (isNew) result_.declarations.push_back({std::string(prefix), *written});
   }
 
