@@ -61,7 +61,8 @@ TEST(DocumentData, NowIsOneMomentForAllDatesOfACall) {
   XMPlDocData read;
   EXPECT_TRUE(xmp.SetDocumentData({"", "now", "now", "now", "now", ""}));
   EXPECT_TRUE(xmp.GetDocumentData(read));
-  const std::regex date(R"(\d{4}-\d\d-\d\dT\d\d:\d\d:\d\d(\.\d+)?(Z|[+-]\d\d:\d\d))");
+  // The toolkit leaves out seconds that are 0.
+  const std::regex date(R"(\d{4}-\d\d-\d\dT\d\d:\d\d(:\d\d(\.\d+)?)?(Z|[+-]\d\d:\d\d))");
   EXPECT_TRUE(std::regex_match(read.createDate, date)) << read.createDate;
   EXPECT_EQ(read.modifyDate, read.createDate);
   EXPECT_EQ(read.metadataDate, read.createDate);
