@@ -114,6 +114,7 @@ Value longTexts() {
       });
   if constexpr (std::is_same_v<Value, XMPlColorSpace>) value.colorprofloc = "PDFOutputIntent";
   if constexpr (std::is_same_v<Value, std::vector<XMPlExtRef>>) {
+    value.resize(2);
     for (std::size_t i = 0; i < value.size(); ++i) {
       value[i] = {"file:/a folder/page_00" + std::to_string(i) + ".tif", "", 0, "image", 1};
     }
