@@ -9,57 +9,38 @@ namespace {
 
 constexpr std::size_t kSizes[] = {1000, 10000};
 
-void addGrowing(std::vector<Case>& cases, const char* group, Work (*prepare)(std::size_t size)) {
+template <class Prepare>
+void addGrowing(std::vector<Case>& cases, const char* group, const Prepare& prepare) {
   for (const std::size_t size : kSizes) {
     cases.push_back({group, "ours", size, [=] { return prepare(size); }});
   }
 }
 
-// As many new records as there are stored ones.
-template <class Records>
-Work merging(std::size_t size, Records (*make)(std::size_t count, std::size_t first),
-             void (*set)(XMPlib& xmp, const Records& records),
-             void (*merge)(XMPlib& xmp, const Records& records)) {
-  const auto xmp = std::make_shared<XMPlib>();
-  return {[=, stored = make(size, 0)] {
-            xmp->CreateXAP();
-            set(*xmp, stored);
-          },
-          [=, added = make(size, size)] { merge(*xmp, added); },
-          [=] { return digest(xmp->GetXML()); }};
+// As many new records as there are stored ones; flags are set.
+template <class Record, class... Flag>
+void addMerging(std::vector<Case>& cases, const char* group,
+                std::vector<Record> (*make)(std::size_t count, std::size_t first),
+                bool (XMPlib::*set)(const std::vector<Record>&, Flag...),
+                bool (XMPlib::*merge)(const std::vector<Record>&, Flag...)) {
+  addGrowing(cases, group, [=](std::size_t size) -> Work {
+    const auto xmp = std::make_shared<XMPlib>();
+    return {[=, stored = make(size, 0)] {
+              xmp->CreateXAP();
+              ((*xmp).*set)(stored, Flag(true)...);
+            },
+            [=, added = make(size, size)] { ((*xmp).*merge)(added, Flag(true)...); },
+            [=] { return digest(xmp->GetXML()); }};
+  });
 }
 
 void addMerges(std::vector<Case>& cases) {
-  addGrowing(cases, "MergeFonts", [](std::size_t size) {
-    return merging<Fonts>(
-        size, fonts, [](XMPlib& xmp, const Fonts& list) { xmp.SetFonts(list); },
-        [](XMPlib& xmp, const Fonts& list) { xmp.MergeFonts(list); });
-  });
-  addGrowing(cases, "MergeInks", [](std::size_t size) {
-    return merging<Inks>(
-        size, inks, [](XMPlib& xmp, const Inks& list) { xmp.SetInks(list, true); },
-        [](XMPlib& xmp, const Inks& list) { xmp.MergeInks(list, true); });
-  });
-  addGrowing(cases, "MergeBarcodes", [](std::size_t size) {
-    return merging<Barcodes>(
-        size, barcodes, [](XMPlib& xmp, const Barcodes& list) { xmp.SetBarcodes(list); },
-        [](XMPlib& xmp, const Barcodes& list) { xmp.MergeBarcodes(list); });
-  });
-  addGrowing(cases, "MergeExtRefs", [](std::size_t size) {
-    return merging<Refs>(
-        size, refs, [](XMPlib& xmp, const Refs& list) { xmp.SetExtRefs(list); },
-        [](XMPlib& xmp, const Refs& list) { xmp.MergeExtRefs(list); });
-  });
-  addGrowing(cases, "MergeCadFiles", [](std::size_t size) {
-    return merging<Refs>(
-        size, cadFiles, [](XMPlib& xmp, const Refs& list) { xmp.SetCadFiles(list); },
-        [](XMPlib& xmp, const Refs& list) { xmp.MergeCadFiles(list); });
-  });
-  addGrowing(cases, "MergeLayers", [](std::size_t size) {
-    return merging<Layers>(
-        size, layers, [](XMPlib& xmp, const Layers& list) { xmp.SetLayers(list); },
-        [](XMPlib& xmp, const Layers& list) { xmp.MergeLayers(list); });
-  });
+  using X = XMPlib;
+  addMerging<XMPlFont>(cases, "MergeFonts", fonts, &X::SetFonts, &X::MergeFonts);
+  addMerging<XMPlInk, bool>(cases, "MergeInks", inks, &X::SetInks, &X::MergeInks);
+  addMerging<XMPlBarcode>(cases, "MergeBarcodes", barcodes, &X::SetBarcodes, &X::MergeBarcodes);
+  addMerging<XMPlExtRef>(cases, "MergeExtRefs", refs, &X::SetExtRefs, &X::MergeExtRefs);
+  addMerging<XMPlExtRef>(cases, "MergeCadFiles", cadFiles, &X::SetCadFiles, &X::MergeCadFiles);
+  addMerging<XMPlLay>(cases, "MergeLayers", layers, &X::SetLayers, &X::MergeLayers);
 }
 
 Work converting(Refs refs, Refs (*convert)(const XMPlib& xmp, const Refs& refs)) {
