@@ -1,5 +1,6 @@
 // The doorway to the XMP Toolkit's client interface. Its headers are included here and nowhere
-// else (tree.cpp, which works on the toolkit's nodes, is the one other place that knows it).
+// else. Two other places know the toolkit from inside: tree.cpp its nodes, expat_fence.h its
+// parser.
 #pragma once
 
 #include <string>
