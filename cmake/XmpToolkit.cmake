@@ -40,7 +40,9 @@ if(VXXMPLIB_SANITIZE MATCHES undefined)
 endif()
 set_source_files_properties("${toolkit}/XMPCore/source/ExpatAdapter.cpp" PROPERTIES
   COMPILE_OPTIONS "-include;${PROJECT_SOURCE_DIR}/src/core/expat_fence.h"
-  OBJECT_DEPENDS "${PROJECT_SOURCE_DIR}/src/core/expat_fence.h")
+  INCLUDE_DIRECTORIES "${PROJECT_SOURCE_DIR}/src"
+  OBJECT_DEPENDS
+    "${PROJECT_SOURCE_DIR}/src/core/expat_fence.h;${PROJECT_SOURCE_DIR}/src/core/parse_failure.h")
 target_link_libraries(xmp_toolkit PUBLIC EXPAT::EXPAT Threads::Threads)
 set_target_properties(xmp_toolkit PROPERTIES CXX_STANDARD 14 CXX_EXTENSIONS ON CXX_CLANG_TIDY "")
 set(XMP_TOOLKIT_PUBLIC_INCLUDE "${toolkit}/public/include")

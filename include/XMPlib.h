@@ -13,6 +13,8 @@
 #include "xmpl/layout.h"
 #include "xmpl/resources.h"
 #include "xmpl/screening.h"
+#include "xmpl/unread.h"
+#include "xmpl/version.h"
 
 template <class tStringObj>
 class TXMPMeta;  // the XMP Toolkit's metadata object
@@ -53,10 +55,26 @@ class XMPLIB_API XMPlib {
   // starts empty. The source is not changed.
   XMPlib(XMPlib& other);
 
+  // Takes the other handle's share, its error text and its packet text. `other` is afterwards
+  // without metadata, as after RemoveXAP, and may be used on. Assignment first drops what this
+  // handle held; a handle assigned to itself stays as it is. A move takes no lock but for that
+  // drop.
+  XMPlib(XMPlib&& other) noexcept;
+  XMPlib& operator=(XMPlib&& other) noexcept;
+
   // The metadata object goes with its last handle.
   ~XMPlib();
 
   XMPlib& operator=(const XMPlib&) = delete;
+
+  // A handle onto a copy of the metadata: neither sees the other's changes. Its error text starts
+  // empty. Without a metadata object, so is the result. Throws XMP_Error when the copy cannot be
+  // made.
+  XMPlib CloneXAP() const;
+
+  // The version of the library that is loaded, in the form of XMPLIB_VERSION, which is that of the
+  // headers: 10100 is 1.1.0.
+  static std::int32_t Version();
 
   // The error text of the last operation; empty when it met no error. The reference holds as long
   // as the handle, its text until the next operation.
@@ -104,6 +122,24 @@ class XMPLIB_API XMPlib {
   // integer digits, NaN and infinities. Leaves the error text alone; a toolkit error (XMP_Error)
   // passes to the caller. Does nothing without a metadata object.
   void SetProperty_Float(const char* schemaNS, const char* propName, double value);
+
+  // --- What a Get leaves out ------------------------------------------------------------------
+
+  // Every stored list that its Get does not read to the end. A Set after such a Get deletes the
+  // items that were not read. True when there is any.
+  //
+  // The array of inks is looked at as GetInks reads it; with `filmInks`, as GetInksDigFilm does. A
+  // Get of one kind reads no inks of the other. Coverage counts as read where its ink is. What
+  // SetUsedDigitalJobRefs wrote is always listed: its Get does not find it. A list that has no Get
+  // (SetMetaDataDigFilms) is not looked at. Takes time in step with the packet's size.
+  bool GetUnreadItems(std::vector<XMPlUnreadItems>& unread) const;
+  bool GetUnreadItems(std::vector<XMPlUnreadItems>& unread, bool filmInks) const;
+
+  // What the items that are read hold beyond their records, and a Get and Set of the list drops:
+  // fields that no record has, fields of a group that is not complete, qualifiers, values of
+  // another form than the field's. In lists and ways as above. True when there is any.
+  bool GetUnreadFields(std::vector<XMPlUnreadField>& unread) const;
+  bool GetUnreadFields(std::vector<XMPlUnreadField>& unread, bool filmInks) const;
 
   // --- Document scalars -----------------------------------------------------------------------
   // One value each. Before reading, a Get sets its output to 0, false or empty, or as said here.
@@ -395,6 +431,9 @@ class XMPLIB_API XMPlib {
   bool IsNonPDFCompatible() const;
 
  private:
+  struct WithoutMetadata {};
+  XMPLIB_LOCAL explicit XMPlib(WithoutMetadata) {}
+
   template <class Body>
   XMPLIB_LOCAL bool guarded(Body&& body) const;
   template <class Body>
@@ -403,6 +442,7 @@ class XMPLIB_API XMPlib {
   XMPLIB_LOCAL bool framed(Call&& call) const;
   XMPLIB_LOCAL const std::string& serialise(unsigned int options, int padding) const;
   XMPLIB_LOCAL void release();
+  XMPLIB_LOCAL void takeFrom(XMPlib& other) noexcept;
 
   std::int32_t slot = -1;                 // of the registry; -1: none
   TXMPMeta<std::string>* meta = nullptr;  // owned by the registry; null: no metadata

@@ -23,6 +23,7 @@ struct XMPlInkBasic {
 
   // Compares name, type, book, vxname, attribute and printingmethod.
   XMPLIB_API bool operator==(const XMPlInkBasic& other) const;
+  bool operator!=(const XMPlInkBasic& other) const { return !(*this == other); }
 };
 
 // An ink of the document, with its screening and its coverage.
@@ -37,6 +38,7 @@ struct XMPlInk : XMPlInkBasic {
   // Compares the basic records, frequency, angle and dotshape; reals exactly, so that a NaN is
   // unequal to itself.
   XMPLIB_API bool operator==(const XMPlInk& other) const;
+  bool operator!=(const XMPlInk& other) const { return !(*this == other); }
 };
 
 // An entry of the document's list of ink properties.
@@ -48,6 +50,7 @@ struct XMPlInkProperty {
 
   // Compares all fields.
   XMPLIB_API bool operator==(const XMPlInkProperty& other) const;
+  bool operator!=(const XMPlInkProperty& other) const { return !(*this == other); }
 };
 
 // An ink of a digital film.
@@ -69,6 +72,7 @@ struct XMPlDgcc {
 
   // Compares the name and every value, exactly.
   XMPLIB_API bool operator==(const XMPlDgcc& other) const;
+  bool operator!=(const XMPlDgcc& other) const { return !(*this == other); }
 
   // Orders by name, then number of values, then the first value that differs. Deliberately true
   // for equal curves: no strict weak ordering, and nothing for std::sort.

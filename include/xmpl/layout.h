@@ -32,6 +32,7 @@ struct XMPlCadReg {
 
   // Compares all fields, reals exactly.
   XMPLIB_API bool operator==(const XMPlCadReg& other) const;
+  bool operator!=(const XMPlCadReg& other) const { return !(*this == other); }
 };
 
 #endif

@@ -18,6 +18,7 @@ struct XMPlExtRef {
 
   // Compares instanceID and pagenr.
   XMPLIB_API bool operator==(const XMPlExtRef& other) const;
+  bool operator!=(const XMPlExtRef& other) const { return !(*this == other); }
 };
 
 // A font that the document uses.
@@ -30,6 +31,7 @@ struct XMPlFont {
 
   // Compares all fields.
   XMPLIB_API bool operator==(const XMPlFont& other) const;
+  bool operator!=(const XMPlFont& other) const { return !(*this == other); }
 
   // Orders by name, type, location; then an unprotected font before a protected one; then by
   // fontfile. Deliberately one-sided: of fonts that differ in protection, a protected one may be
@@ -56,6 +58,7 @@ struct XMPlBarcode {
 
   // Compares the texts, the resolution, the flags, and the values that the flags make valid.
   XMPLIB_API bool operator==(const XMPlBarcode& other) const;
+  bool operator!=(const XMPlBarcode& other) const { return !(*this == other); }
 };
 
 // A layer.
@@ -66,6 +69,7 @@ struct XMPlLay {
 
   // Compares the names alone.
   XMPLIB_API bool operator==(const XMPlLay& other) const;
+  bool operator!=(const XMPlLay& other) const { return !(*this == other); }
 };
 
 // A range of pages and the inks used on them.
@@ -82,6 +86,7 @@ struct XMPlSmartName {
 
   // Compares the names alone.
   XMPLIB_API bool operator==(const XMPlSmartName& other) const;
+  bool operator!=(const XMPlSmartName& other) const { return !(*this == other); }
 };
 
 #endif

@@ -35,6 +35,7 @@ struct XMPlScreen {
   // autoplateDGCreq are compared with the other's autoplateDGCCT, so that a record may be unequal
   // to its own copy.
   XMPLIB_API bool operator==(const XMPlScreen& other) const;
+  bool operator!=(const XMPlScreen& other) const { return !(*this == other); }
 
   // Orders screens with known screening first, by that screening; then by the curve names. A
   // strict weak ordering for records without NaN.
@@ -49,6 +50,7 @@ struct XMPlUsedRef {
 
   // Compares all fields.
   XMPLIB_API bool operator==(const XMPlUsedRef& other) const;
+  bool operator!=(const XMPlUsedRef& other) const { return !(*this == other); }
 
   // Orders by instanceID, renditionClass, pagenr.
   XMPLIB_API bool operator<(const XMPlUsedRef& other) const;

@@ -1,11 +1,13 @@
 // Included into the toolkit's ExpatAdapter.cpp alone, before all else. Keeps exceptions of its
 // handlers from passing through expat, which is C: behind one, expat believes that it is still in a
-// handler, and its later versions refuse to free such a parser.
+// handler, and its later versions refuse to free such a parser. Notes where a parse failed.
 #pragma once
 
 #include <expat.h>
 
 #include <exception>
+
+#include "core/parse_failure.h"
 
 namespace xmpl {
 
@@ -20,11 +22,18 @@ struct ExpatFence {
   }
 };
 
+inline void noteFailure(XML_Parser parser) {
+  lastParseFailure() = {XML_ErrorString(XML_GetErrorCode(parser)),
+                        static_cast<std::size_t>(XML_GetCurrentLineNumber(parser)),
+                        static_cast<std::size_t>(XML_GetCurrentColumnNumber(parser)) + 1};
+}
+
 inline XML_Status fencedParse(XML_Parser parser, const char* text, int length, int isFinal) {
   ExpatFence fence{parser, nullptr};
   ExpatFence::current() = &fence;
   const XML_Status status = XML_Parse(parser, text, length, isFinal);
   ExpatFence::current() = nullptr;
+  if (status == XML_STATUS_ERROR) noteFailure(parser);
   if (fence.thrown) std::rethrow_exception(fence.thrown);
   return status;
 }

@@ -1,5 +1,7 @@
 // The handle: its life, its slot of the registry, its error text.
+#include <memory>
 #include <mutex>
+#include <utility>
 
 #include "XMPlib.h"
 #include "core/registry.h"
@@ -15,10 +17,24 @@ XMPlib::XMPlib(XMPlib& other) : slot(other.slot), meta(other.meta) {
   registry.share(slot);
 }
 
+XMPlib::XMPlib(XMPlib&& other) noexcept { takeFrom(other); }
+
+XMPlib& XMPlib::operator=(XMPlib&& other) noexcept {
+  if (this == &other) return *this;
+  {
+    const std::lock_guard<std::mutex> lock(MetaRegistry::instance().mutex());
+    release();
+  }
+  takeFrom(other);
+  return *this;
+}
+
 XMPlib::~XMPlib() {
   const std::lock_guard<std::mutex> lock(MetaRegistry::instance().mutex());
   release();
 }
+
+std::int32_t XMPlib::Version() { return XMPLIB_VERSION; }
 
 const std::string& XMPlib::ErrStr() const { return errStr; }
 
@@ -28,12 +44,33 @@ void XMPlib::CreateXAP() {
   const std::lock_guard<std::mutex> lock(registry.mutex());
   registry.startToolkit();
   release();
-  slot = registry.add();
+  slot = registry.add(std::make_unique<xmpl::Metadata>());
   meta = registry.metadata(slot);
+}
+
+XMPlib XMPlib::CloneXAP() const {
+  XMPlib clone{WithoutMetadata()};
+  if (meta == nullptr) return clone;
+  std::unique_ptr<xmpl::Metadata> copy = std::make_unique<xmpl::Metadata>(meta->Clone());
+  MetaRegistry& registry = MetaRegistry::instance();
+  const std::lock_guard<std::mutex> lock(registry.mutex());
+  clone.slot = registry.add(std::move(copy));
+  clone.meta = registry.metadata(clone.slot);
+  return clone;
 }
 
 // Deliberate: takes no lock. It is for a caller that keeps all other threads away.
 void XMPlib::RemoveXAP() { release(); }
+
+// What this handle held is gone already.
+void XMPlib::takeFrom(XMPlib& other) noexcept {
+  slot = std::exchange(other.slot, -1);
+  meta = std::exchange(other.meta, nullptr);
+  errStr = std::move(other.errStr);
+  xml = std::move(other.xml);
+  other.errStr.clear();
+  other.xml.clear();
+}
 
 void XMPlib::release() {
   if (slot < 0) return;

@@ -11,6 +11,14 @@ bool ArrayReader::integer(std::size_t index, std::int32_t& value) const {
   return true;
 }
 
+void ItemReader::note(std::string_view field, const XMP_Node* found) const {
+  if (found != nullptr) {
+    trace_->read.insert(found);
+  } else if (isRequired_ && trace_->missing.empty()) {
+    trace_->missing = field;
+  }
+}
+
 bool ItemReader::text(std::string_view field, std::string& value) const {
   const XMP_Node* found = node(field);
   if (found == nullptr) return false;

@@ -6,17 +6,25 @@
 #include <cstdint>
 #include <string>
 #include <string_view>
+#include <unordered_set>
 
 #include "core/tree.h"
 
 namespace xmpl {
+
+// What a reading has met, for those who ask what it left out.
+struct ReadTrace {
+  std::string missing;                       // the first required field that the last item lacks
+  std::unordered_set<const XMP_Node*> read;  // the fields that were there
+};
 
 class ItemReader;
 
 // An array, or the absence of one: then it has no items.
 class ArrayReader {
  public:
-  explicit ArrayReader(const XMP_Node* array) : array_(array) {}
+  explicit ArrayReader(const XMP_Node* array, ReadTrace* trace = nullptr)
+      : array_(array), trace_(trace) {}
   ArrayReader(const Metadata& metadata, PropertyName name)
       : ArrayReader(findProperty(metadata, name)) {}
 
@@ -30,30 +38,43 @@ class ArrayReader {
   }
 
   const XMP_Node* array_;
+  ReadTrace* trace_;
 };
 
 // One structure, or the absence of one: then it has no fields. Each read answers whether the field
 // exists, and sets `value` only then.
 class ItemReader {
  public:
-  explicit ItemReader(const XMP_Node* structure) : structure_(structure) {}
+  ItemReader(const XMP_Node* structure, ReadTrace* trace, bool isRequired = true)
+      : structure_(structure), trace_(trace), isRequired_(isRequired) {}
+
+  // The same structure; a field that is read through it may be absent.
+  ItemReader optional() const { return {structure_, trace_, false}; }
 
   bool exists(std::string_view field) const { return node(field) != nullptr; }
   bool text(std::string_view field, std::string& value) const;
   bool integer(std::string_view field, std::int32_t& value) const;
   bool real(std::string_view field, double& value) const;
   bool boolean(std::string_view field, bool& value) const;
-  ArrayReader array(std::string_view field) const { return ArrayReader(node(field)); }
+  ArrayReader array(std::string_view field) const { return ArrayReader(node(field), trace_); }
 
  private:
   const XMP_Node* node(std::string_view field) const {
-    return structure_ == nullptr ? nullptr : findField(*structure_, field);
+    const XMP_Node* found = structure_ == nullptr ? nullptr : findField(*structure_, field);
+    if (trace_ != nullptr) note(field, found);
+    return found;
   }
+  void note(std::string_view field, const XMP_Node* found) const;
 
   const XMP_Node* structure_;
+  ReadTrace* trace_;
+  bool isRequired_;
 };
 
-inline ItemReader ArrayReader::item(std::size_t index) const { return ItemReader(node(index)); }
+inline ItemReader ArrayReader::item(std::size_t index) const {
+  if (trace_ != nullptr) trace_->missing.clear();
+  return {node(index), trace_};
+}
 
 class ItemWriter;
 

@@ -1,9 +1,9 @@
 // Packet text in and out.
-#include <algorithm>
 #include <cstdio>
 
 #include "XMPlib.h"
 #include "core/packet_guard.h"
+#include "core/parse_failure.h"
 #include "core/toolkit.h"
 
 namespace {
@@ -12,12 +12,32 @@ namespace {
 // refuses to recover: then it throws.
 bool refuseToRecover(void*, XMP_ErrorSeverity, XMP_Int32, XMP_StringPtr) { return false; }
 
+void parseText(xmpl::Metadata& metadata, const std::string& text) {
+  xmpl::lastParseFailure() = {};
+  metadata.SetErrorCallback(refuseToRecover);
+  metadata.ParseFromBuffer(text.data(), static_cast<XMP_StringLen>(text.size()), 0);
+}
+
 void parse(xmpl::Metadata& metadata, const std::string& packet) {
   const xmpl::GuardedPacket guarded = xmpl::guardPacket(packet);
   xmpl::registerDeclared(guarded.declarations);
-  const std::string& text = guarded.text;
-  metadata.SetErrorCallback(refuseToRecover);
-  metadata.ParseFromBuffer(text.data(), static_cast<XMP_StringLen>(text.size()), 0);
+  parseText(metadata, guarded.text);
+}
+
+// Behind the toolkit's message where and why the XML parser gave up, when it did. The guard has
+// dropped line ends, so that the packet is parsed once more as it was given.
+std::string describe(const XMP_Error& error, const std::string& packet) {
+  const std::string message = xmpl::messageOf(error);
+  if (error.GetID() != kXMPErr_BadXML || xmpl::lastParseFailure().reason == nullptr) return message;
+  try {
+    xmpl::Metadata scratch;
+    parseText(scratch, packet);
+  } catch (const XMP_Error&) {
+  }
+  const xmpl::ParseFailure& failure = xmpl::lastParseFailure();
+  if (failure.reason == nullptr) return message;
+  return message + " at line " + std::to_string(failure.line) + ", column " +
+         std::to_string(failure.column) + ": " + failure.reason;
 }
 
 }  // namespace
@@ -27,7 +47,7 @@ bool XMPlib::SetXML(const std::string& text) {
   try {
     parse(*meta, text);
   } catch (const XMP_Error& error) {
-    errStr = xmpl::messageOf(error);
+    errStr = describe(error, text);
   } catch (const xmpl::PacketRefused& refusal) {
     errStr = refusal.what();
   }
@@ -36,9 +56,7 @@ bool XMPlib::SetXML(const std::string& text) {
 
 const std::string& XMPlib::GetXML() const { return serialise(kXMP_OmitPacketWrapper, 0); }
 
-const std::string& XMPlib::GetXMLPacket(bool, int padding) const {
-  return serialise(0, std::max(padding, 0));
-}
+const std::string& XMPlib::GetXMLPacket(bool, int padding) const { return serialise(0, padding); }
 
 const std::string& XMPlib::serialise(unsigned int options, int padding) const {
   errStr.clear();

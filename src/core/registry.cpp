@@ -22,9 +22,8 @@ void MetaRegistry::startToolkit() {
   toolkitStarted_ = true;
 }
 
-std::int32_t MetaRegistry::add() {
+std::int32_t MetaRegistry::add(std::unique_ptr<Metadata> meta) {
   const std::size_t slot = lowestFreeSlot();
-  auto meta = std::make_unique<Metadata>();
   if (slot == entries_.size()) entries_.emplace_back();
   entries_[slot] = {std::move(meta), 1};
   return static_cast<std::int32_t>(slot);

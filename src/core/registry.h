@@ -24,8 +24,8 @@ class MetaRegistry {
   // Starts the toolkit and registers the namespaces, once per process. Throws XMP_Error.
   void startToolkit();
 
-  // A new, empty metadata object, with one holder, in the lowest free slot. Throws XMP_Error.
-  std::int32_t add();
+  // Takes a metadata object, with one holder, into the lowest free slot.
+  std::int32_t add(std::unique_ptr<Metadata> meta);
   void share(std::int32_t slot);    // one more holder
   void release(std::int32_t slot);  // one holder less; the last one takes the object with it
 

@@ -34,6 +34,69 @@ XMP_Node& append(XMP_Node& parent, const char* name) {
   return *node.release();
 }
 
+bool haveOneForm(const XMP_Node& a, const XMP_Node& b) {
+  constexpr XMP_OptionBits kForm = kXMP_PropValueIsStruct | kXMP_PropValueIsArray;
+  return (a.options & kForm) == (b.options & kForm);
+}
+
+std::string joined(const std::string& path, const std::string& step) {
+  return path.empty() ? step : path + '/' + step;
+}
+
+const XMP_Node* qualifierNamed(const XMP_Node& node, std::string_view name) {
+  const auto found = std::find_if(node.qualifiers.begin(), node.qualifiers.end(),
+                                  [name](const XMP_Node* each) { return each->name == name; });
+  return found == node.qualifiers.end() ? nullptr : *found;
+}
+
+// One walk through the stored nodes and their rewritten likes.
+class DroppedNodes {
+ public:
+  explicit DroppedNodes(const VisitDropped& visit) : visit_(visit) {}
+
+  void inList(const XMP_Node& stored, const XMP_Node& rewritten) {
+    inQualifiers(stored, rewritten, "");
+    const std::size_t count = std::min(stored.children.size(), rewritten.children.size());
+    for (item_ = 1; item_ <= count; ++item_) {
+      inNode(*stored.children[item_ - 1], rewritten.children[item_ - 1], "");
+    }
+  }
+
+ private:
+  void inNode(const XMP_Node& stored, const XMP_Node* rewritten, const std::string& path) {
+    if (rewritten == nullptr || !haveOneForm(stored, *rewritten)) {
+      visit_(item_, path, stored);
+      return;
+    }
+    inQualifiers(stored, *rewritten, path);
+    if ((stored.options & kXMP_PropValueIsArray) != 0) {
+      inItems(stored, *rewritten, path);
+    } else {
+      for (const XMP_Node* field : stored.children) {
+        inNode(*field, childNamed(*rewritten, field->name), joined(path, field->name));
+      }
+    }
+  }
+
+  void inItems(const XMP_Node& stored, const XMP_Node& rewritten, const std::string& path) {
+    const std::size_t count = std::min(stored.children.size(), rewritten.children.size());
+    for (std::size_t i = 0; i < count; ++i) {
+      const std::string item = path + '[' + std::to_string(i + 1) + ']';
+      inNode(*stored.children[i], rewritten.children[i], item);
+    }
+  }
+
+  void inQualifiers(const XMP_Node& stored, const XMP_Node& rewritten, const std::string& path) {
+    for (const XMP_Node* qualifier : stored.qualifiers) {
+      if (qualifierNamed(rewritten, qualifier->name) != nullptr) continue;
+      visit_(item_, joined(path, '?' + qualifier->name), *qualifier);
+    }
+  }
+
+  const VisitDropped& visit_;
+  std::size_t item_ = 0;
+};
+
 }  // namespace
 
 const XMP_Node* findProperty(const Metadata& metadata, PropertyName name) {
@@ -55,6 +118,10 @@ const XMP_Node* findItem(const XMP_Node& array, std::size_t index) {
   return index <= array.children.size() ? array.children[index - 1] : nullptr;
 }
 
+std::size_t itemCount(const XMP_Node& array) {
+  return (array.options & kXMP_PropValueIsArray) == 0 ? 0 : array.children.size();
+}
+
 const std::string& anyText(const XMP_Node& node) { return node.value; }
 
 const std::string& simpleText(const XMP_Node& node) {
@@ -62,6 +129,11 @@ const std::string& simpleText(const XMP_Node& node) {
     throw XMP_Error(kXMPErr_BadXPath, "Property must be simple");
   }
   return node.value;
+}
+
+bool isEmptyText(const XMP_Node& node) {
+  return (node.options & kXMP_PropCompositeMask) == 0 && node.value.empty() &&
+         node.qualifiers.empty();
 }
 
 XMP_Node& recreateArray(Metadata& metadata, PropertyName name, ArrayKind kind) {
@@ -91,5 +163,17 @@ void refuseBadText(const char* text) {
 }
 
 void setPlainText(XMP_Node& node, std::string_view ascii) { node.value = ascii; }
+
+void DeleteNode::operator()(XMP_Node* node) const { delete node; }
+
+OwnedNode detachedArray(ArrayKind kind) {
+  OwnedNode array(new XMP_Node(nullptr, "", XMP_OptionBits{0}));
+  makeArray(*array, kind);
+  return array;
+}
+
+void forEachDropped(const XMP_Node& stored, const XMP_Node& rewritten, const VisitDropped& visit) {
+  DroppedNodes(visit).inList(stored, rewritten);
+}
 
 }  // namespace xmpl

@@ -6,6 +6,8 @@
 #pragma once
 
 #include <cstddef>
+#include <functional>
+#include <memory>
 #include <string>
 #include <string_view>
 
@@ -20,10 +22,12 @@ namespace xmpl {
 const XMP_Node* findProperty(const Metadata& metadata, PropertyName name);
 const XMP_Node* findField(const XMP_Node& structure, std::string_view name);
 const XMP_Node* findItem(const XMP_Node& array, std::size_t index);
+std::size_t itemCount(const XMP_Node& array);  // 0 for what is no array
 
 // A node's text; empty for an array or a structure, which simpleText refuses.
 const std::string& anyText(const XMP_Node& node);
 const std::string& simpleText(const XMP_Node& node);
+bool isEmptyText(const XMP_Node& node);  // and without qualifiers
 
 // Deletes the array and creates it anew, empty.
 XMP_Node& recreateArray(Metadata& metadata, PropertyName name, ArrayKind kind);
@@ -37,5 +41,19 @@ void makeArray(XMP_Node& node, ArrayKind kind);
 void setText(XMP_Node& node, const char* text);             // refuses what cannot be stored
 void refuseBadText(const char* text);                       // throws what setText would
 void setPlainText(XMP_Node& node, std::string_view ascii);  // ASCII without controls, unchecked
+
+// An array of its own, outside any metadata.
+struct DeleteNode {
+  void operator()(XMP_Node* node) const;
+};
+using OwnedNode = std::unique_ptr<XMP_Node, DeleteNode>;
+OwnedNode detachedArray(ArrayKind kind);
+
+// Calls `visit` for all that the array `stored`, or one of its items that `rewritten` has too,
+// holds and `rewritten` does not: fields, qualifiers, values of another form. Items that
+// `rewritten` lacks are not looked at, in no array. `path` begins below the item.
+using VisitDropped =
+    std::function<void(std::size_t item, const std::string& path, const XMP_Node&)>;
+void forEachDropped(const XMP_Node& stored, const XMP_Node& rewritten, const VisitDropped& visit);
 
 }  // namespace xmpl

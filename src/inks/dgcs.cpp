@@ -5,7 +5,7 @@
 #include <string_view>
 
 #include "core/call_guard.h"
-#include "core/lists.h"
+#include "core/unread.h"
 #include "core/value_text.h"
 
 namespace {
@@ -69,7 +69,7 @@ std::string textOf(const std::vector<double>& values) {
 bool readDgc(const ItemReader& item, XMPlDgcc& dgc) {
   if (!item.text("vxDGC:name", dgc.name)) return false;
   std::string values;
-  item.text("vxDGC:values", values);
+  item.optional().text("vxDGC:values", values);
   dgc.values = valuesOf(values);
   return true;
 }
@@ -92,6 +92,10 @@ bool XMPlDgcc::operator<(const XMPlDgcc& other) const {
     if (values[i] != other.values[i]) return values[i] < other.values[i];
   }
   return true;  // Deliberate: a curve is less than its equal.
+}
+
+void xmpl::findUnreadDgcs(const Metadata& metadata, Unread& unread) {
+  findUnread<XMPlDgcc>({metadata, kDgcs.name}, kDgcs.kind, readDgc, writeDgc, unread);
 }
 
 bool XMPlib::GetDgcs(std::vector<XMPlDgcc>& dgcs) const {

@@ -12,7 +12,7 @@
 //   written vxDigFilmRef:instanceID,     read vxUsedF:instanceID       text
 //   written vxDigFilmRef:renditionClass, read vxUsedF:renditionClass   text
 #include "core/call_guard.h"
-#include "core/lists.h"
+#include "core/unread.h"
 
 namespace {
 
@@ -25,15 +25,15 @@ constexpr xmpl::List kJobRefs{"vxDigFilmRefs:files", xmpl::ArrayKind::ordered};
 
 bool readFilmInk(const ItemReader& item, XMPlInkDigFilm& ink) {
   if (!item.text("vxInk:name", ink.name) || !item.text("vxInk:type", ink.type)) return false;
-  item.text("vxInk:book", ink.book);
-  item.text("vxInk:vxname", ink.vxname);
+  item.optional().text("vxInk:book", ink.book);
+  item.optional().text("vxInk:vxname", ink.vxname);
   if (!item.real("vxInk:r", ink.r) || !item.real("vxInk:g", ink.g) ||
       !item.real("vxInk:b", ink.b) || !item.text("vxInk:attribute", ink.attribute)) {
     return false;
   }
-  item.text("vxInk:printingmethod", ink.printingmethod);
+  item.optional().text("vxInk:printingmethod", ink.printingmethod);
   if (!item.real("vxInk:opacity", ink.opacity)) return false;
-  item.text("vxInk:inknrsoriginal", ink.inknrsoriginal);
+  item.optional().text("vxInk:inknrsoriginal", ink.inknrsoriginal);
   return true;
 }
 
@@ -65,6 +65,19 @@ void writeJobRef(const ItemWriter& item, const XMPlUsedDigFilmRef& ref) {
 }
 
 }  // namespace
+
+void xmpl::findUnreadFilmInks(const Metadata& metadata, Unread& unread) {
+  const auto write = [](const ItemWriter& item, const XMPlInkDigFilm& ink) {
+    writeFilmInk(item, ink, true);
+  };
+  findUnread<XMPlInkDigFilm>({metadata, kFilmInks.name}, kFilmInks.kind, readFilmInk, write,
+                             unread);
+}
+
+void xmpl::findUnreadJobRefs(const Metadata& metadata, Unread& unread) {
+  findUnread<XMPlUsedDigFilmRef>({metadata, kJobRefs.name}, kJobRefs.kind, readJobRef, writeJobRef,
+                                 unread);
+}
 
 bool XMPlib::GetInksDigFilm(std::vector<XMPlInkDigFilm>& inks) const {
   inks.clear();

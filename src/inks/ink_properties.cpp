@@ -4,7 +4,7 @@
 //   vxInk:type            text, optional; not written when empty
 //   vxInk:printingmethod  text, optional; not written when empty
 #include "core/call_guard.h"
-#include "core/lists.h"
+#include "core/unread.h"
 
 namespace {
 
@@ -16,9 +16,9 @@ constexpr xmpl::List kInkProperties{"vxGr:inkproperties", xmpl::ArrayKind::order
 
 bool readInkProperty(const ItemReader& item, XMPlInkProperty& property) {
   if (!item.text("vxInk:name", property.name)) return false;
-  item.text("vxInk:book", property.book);
-  item.text("vxInk:type", property.type);
-  item.text("vxInk:printingmethod", property.printingmethod);
+  item.optional().text("vxInk:book", property.book);
+  item.optional().text("vxInk:type", property.type);
+  item.optional().text("vxInk:printingmethod", property.printingmethod);
   return true;
 }
 
@@ -34,6 +34,11 @@ void writeInkProperty(const ItemWriter& item, const XMPlInkProperty& property) {
 }
 
 }  // namespace
+
+void xmpl::findUnreadInkProperties(const Metadata& metadata, Unread& unread) {
+  findUnread<XMPlInkProperty>({metadata, kInkProperties.name}, kInkProperties.kind, readInkProperty,
+                              writeInkProperty, unread);
+}
 
 bool XMPlib::GetInkProperties(std::vector<XMPlInkProperty>& properties) const {
   properties.clear();

@@ -15,7 +15,7 @@
 //   vxInkCov:mm2          real, optional
 #include "core/call_guard.h"
 #include "core/list_merge.h"
-#include "core/lists.h"
+#include "core/unread.h"
 
 namespace {
 
@@ -41,19 +41,19 @@ void readCoverage(const ArrayReader& coverage, std::size_t i, XMPlInk& ink) {
 
 bool readInk(const ItemReader& item, XMPlInk& ink) {
   if (!item.text("vxInk:name", ink.name) || !item.text("vxInk:type", ink.type)) return false;
-  item.text("vxInk:book", ink.book);
-  item.text("vxInk:vxname", ink.vxname);
+  item.optional().text("vxInk:book", ink.book);
+  item.optional().text("vxInk:vxname", ink.vxname);
   if (!item.real("vxInk:frequency", ink.frequency) || !item.real("vxInk:angle", ink.angle)) {
     return false;
   }
-  item.text("vxInk:dotshape", ink.dotshape);
+  item.optional().text("vxInk:dotshape", ink.dotshape);
   if (!item.real("vxInk:r", ink.r) || !item.real("vxInk:g", ink.g) ||
       !item.real("vxInk:b", ink.b) || !item.text("vxInk:attribute", ink.attribute)) {
     return false;
   }
-  item.text("vxInk:printingmethod", ink.printingmethod);
+  item.optional().text("vxInk:printingmethod", ink.printingmethod);
   bool omask = false;
-  item.boolean("vxInk:omask", omask);
+  item.optional().boolean("vxInk:omask", omask);
   if (omask) ink.attribute = kOpaqueMask;
   return true;
 }
@@ -90,6 +90,17 @@ void writeCoverage(const ItemWriter& item, const XMPlInk& ink) {
   item.real("vxInkCov:mm2", ink.mm2);
 }
 
+// Ends like readItems.
+void readInks(const ArrayReader& array, const ArrayReader& coverage, bool excludeOmask,
+              std::vector<XMPlInk>& inks) {
+  for (std::size_t i = 1;; ++i) {
+    XMPlInk ink;
+    if (!readInk(array.item(i), ink)) break;
+    readCoverage(coverage, i, ink);
+    if (!excludeOmask || ink.attribute != kOpaqueMask) inks.push_back(std::move(ink));
+  }
+}
+
 // The fields that operator== compares.
 auto identity(const XMPlInk& ink) {
   return std::tie(ink.name, ink.type, ink.book, ink.vxname, ink.attribute, ink.printingmethod,
@@ -98,6 +109,22 @@ auto identity(const XMPlInk& ink) {
 
 }  // namespace
 
+void xmpl::findUnreadInks(const Metadata& metadata, Unread& unread) {
+  ListAudit inksAudit(metadata, kInks.name);
+  ListAudit coverageAudit(metadata, kCoverage.name);
+  std::vector<XMPlInk> inks;
+  inksAudit.read(
+      [&](const ArrayReader& array) { readInks(array, ArrayReader(metadata, kCoverage.name), false, inks); });
+  inksAudit.noteItems(inks.size(), unread);
+  const auto write = [](const ItemWriter& item, const XMPlInk& ink) { writeInk(item, ink, true); };
+  inksAudit.noteFields(
+      kInks.kind, [&](const ArrayWriter& array) { writeItems(array, write, inks); }, unread);
+  coverageAudit.noteItems(std::min(inks.size(), coverageAudit.size()), unread, "no such ink");
+  coverageAudit.noteFields(
+      kCoverage.kind, [&](const ArrayWriter& array) { writeItems(array, writeCoverage, inks); },
+      unread);
+}
+
 bool XMPlib::GetInks(std::vector<XMPlInk>& inks) const { return GetInks(inks, false); }
 
 bool XMPlib::GetInks(std::vector<XMPlInk>& inks, bool excludeOmask) const {
@@ -105,12 +132,7 @@ bool XMPlib::GetInks(std::vector<XMPlInk>& inks, bool excludeOmask) const {
   return guarded([&](const Metadata& metadata) {
     const ArrayReader array(metadata, kInks.name);
     const ArrayReader coverage(metadata, kCoverage.name);
-    for (std::size_t i = 1;; ++i) {
-      XMPlInk ink;
-      if (!readInk(array.item(i), ink)) break;
-      readCoverage(coverage, i, ink);
-      if (!excludeOmask || ink.attribute != kOpaqueMask) inks.push_back(std::move(ink));
-    }
+    readInks(array, coverage, excludeOmask, inks);
     return array.exists();
   });
 }

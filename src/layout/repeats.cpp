@@ -9,7 +9,7 @@
 //   vxSRRep:backpage     integer
 //   vxSRRep:count        integer
 #include "core/call_guard.h"
-#include "core/lists.h"
+#include "core/unread.h"
 
 namespace {
 
@@ -60,6 +60,10 @@ void writeRepeat(const ItemWriter& item, const XMPlRepeat& repeat) {
 }
 
 }  // namespace
+
+void xmpl::findUnreadRepeats(const Metadata& metadata, Unread& unread) {
+  findUnread<XMPlRepeat>({metadata, kRepeats.name}, kRepeats.kind, readRepeat, writeRepeat, unread);
+}
 
 bool XMPlib::GetRepeats(std::vector<XMPlRepeat>& repeats) const {
   repeats.clear();

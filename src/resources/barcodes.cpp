@@ -10,7 +10,7 @@
 //   vxBarc:Narrow, Ratio       real, optional
 #include "core/call_guard.h"
 #include "core/list_merge.h"
-#include "core/lists.h"
+#include "core/unread.h"
 
 namespace {
 
@@ -23,18 +23,20 @@ constexpr xmpl::List kBarcodes{"vxBarcL:barcodes", xmpl::ArrayKind::unordered};
 // The order of reading is not that of writing: it decides which of several errors is met first.
 bool readBarcode(const ItemReader& item, XMPlBarcode& barcode) {
   if (!item.text("vxBarc:Type", barcode.type)) return false;
-  item.text("vxBarc:Code", barcode.code);
-  barcode.hasBarWidthReduction = item.real("vxBarc:BarWidthReduction", barcode.barWidthReduction);
+  const ItemReader optional = item.optional();
+  optional.text("vxBarc:Code", barcode.code);
+  barcode.hasBarWidthReduction =
+      optional.real("vxBarc:BarWidthReduction", barcode.barWidthReduction);
   barcode.hasDeviceCompensation =
-      item.real("vxBarc:DeviceCompensation", barcode.deviceCompensation);
-  item.real("vxBarc:Resolution", barcode.resolution);
-  barcode.useMagnification = item.real("vxBarc:Magnification", barcode.magnification);
+      optional.real("vxBarc:DeviceCompensation", barcode.deviceCompensation);
+  optional.real("vxBarc:Resolution", barcode.resolution);
+  barcode.useMagnification = optional.real("vxBarc:Magnification", barcode.magnification);
   if (!barcode.useMagnification) {
-    item.real("vxBarc:Narrow", barcode.narrow);
-    item.real("vxBarc:Ratio", barcode.ratio);
+    optional.real("vxBarc:Narrow", barcode.narrow);
+    optional.real("vxBarc:Ratio", barcode.ratio);
   }
-  item.text("vxBarc:SymbolType", barcode.symbolType);
-  item.text("vxBarc:Code2", barcode.code2);
+  optional.text("vxBarc:SymbolType", barcode.symbolType);
+  optional.text("vxBarc:Code2", barcode.code2);
   return true;
 }
 
@@ -87,6 +89,11 @@ bool XMPlBarcode::operator==(const XMPlBarcode& other) const {
   if (hasDeviceCompensation && deviceCompensation != other.deviceCompensation) return false;
   if (useMagnification) return magnification == other.magnification;
   return narrow == other.narrow && ratio == other.ratio;
+}
+
+void xmpl::findUnreadBarcodes(const Metadata& metadata, Unread& unread) {
+  findUnread<XMPlBarcode>({metadata, kBarcodes.name}, kBarcodes.kind, readBarcode, writeBarcode,
+                          unread);
 }
 
 bool XMPlib::GetBarcodes(std::vector<XMPlBarcode>& barcodes) const {

@@ -1,7 +1,7 @@
 // CAD files: vxCadL:files, an unordered array of file references.
 #include "core/call_guard.h"
 #include "core/list_merge.h"
-#include "core/lists.h"
+#include "core/unread.h"
 #include "resources/file_reference.h"
 
 namespace {
@@ -11,6 +11,11 @@ using xmpl::Metadata;
 constexpr xmpl::List kCadFiles{"vxCadL:files", xmpl::ArrayKind::unordered};
 
 }  // namespace
+
+void xmpl::findUnreadCadFiles(const Metadata& metadata, Unread& unread) {
+  findUnread<XMPlExtRef>({metadata, kCadFiles.name}, kCadFiles.kind, xmpl::readFileReference,
+                         xmpl::writeFileReference, unread);
+}
 
 bool XMPlib::GetCadFiles(std::vector<XMPlExtRef>& files) const {
   files.clear();

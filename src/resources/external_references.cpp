@@ -10,7 +10,7 @@
 
 #include "core/call_guard.h"
 #include "core/list_merge.h"
-#include "core/lists.h"
+#include "core/unread.h"
 #include "resources/file_reference.h"
 
 namespace {
@@ -29,7 +29,7 @@ bool readReference(const ItemReader& item, XMPlExtRef& ref) {
       !item.integer("vxExtF:pagenr", ref.pagenr)) {
     return false;
   }
-  item.text("vxExtF:type", ref.type);
+  item.optional().text("vxExtF:type", ref.type);
   return item.integer("vxExtF:count", ref.count);
 }
 
@@ -59,6 +59,13 @@ void addCount(XMPlExtRef& listed, const XMPlExtRef& incoming) {
 
 bool XMPlExtRef::operator==(const XMPlExtRef& other) const {
   return instanceID == other.instanceID && pagenr == other.pagenr;
+}
+
+void xmpl::findUnreadExtRefs(const Metadata& metadata, Unread& unread) {
+  findUnread<XMPlExtRef>({metadata, kReferences.name}, kReferences.kind, readReference,
+                         writeReference, unread);
+  findUnread<XMPlExtRef>({metadata, kOldReferences.name}, kOldReferences.kind, readFileReference,
+                         writeFileReference, unread);
 }
 
 bool XMPlib::GetExtRefs(std::vector<XMPlExtRef>& refs) const { return GetExtRefs(refs, false); }

@@ -9,7 +9,7 @@
 
 #include "core/call_guard.h"
 #include "core/list_merge.h"
-#include "core/lists.h"
+#include "core/unread.h"
 
 namespace {
 
@@ -72,6 +72,10 @@ bool XMPlFont::operator<(const XMPlFont& other) const {
   if (!protection && other.protection) return true;
   // Deliberate: a protected font is not greater than an unprotected one; the files decide.
   return fontfile < other.fontfile;
+}
+
+void xmpl::findUnreadFonts(const Metadata& metadata, Unread& unread) {
+  findUnread<XMPlFont>({metadata, kFonts.name}, kFonts.kind, readFont, writeFont, unread);
 }
 
 bool XMPlib::GetFonts(std::vector<XMPlFont>& fonts) const { return GetFonts(fonts, true); }

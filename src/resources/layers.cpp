@@ -4,7 +4,7 @@
 //   vxLay:locked     boolean
 #include "core/call_guard.h"
 #include "core/list_merge.h"
-#include "core/lists.h"
+#include "core/unread.h"
 
 namespace {
 
@@ -31,6 +31,10 @@ auto identity(const XMPlLay& layer) { return std::tie(layer.name); }
 }  // namespace
 
 bool XMPlLay::operator==(const XMPlLay& other) const { return name == other.name; }
+
+void xmpl::findUnreadLayers(const Metadata& metadata, Unread& unread) {
+  findUnread<XMPlLay>({metadata, kLayers.name}, kLayers.kind, readLayer, writeLayer, unread);
+}
 
 bool XMPlib::GetLayers(std::vector<XMPlLay>& layers) const {
   layers.clear();

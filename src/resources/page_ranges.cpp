@@ -3,7 +3,7 @@
 //   vxPag:end    integer
 //   vxPag:inks   ordered array of integers, optional
 #include "core/call_guard.h"
-#include "core/lists.h"
+#include "core/unread.h"
 
 namespace {
 
@@ -20,7 +20,7 @@ bool readPageRange(const ItemReader& item, XMPlPagRange& range) {
   if (!item.integer("vxPag:start", range.start) || !item.integer("vxPag:end", range.end)) {
     return false;
   }
-  const ArrayReader inks = item.array("vxPag:inks");
+  const ArrayReader inks = item.optional().array("vxPag:inks");
   std::int32_t ink = 0;
   for (std::size_t j = 1; inks.integer(j, ink); ++j) range.inks.push_back(ink);
   return true;
@@ -34,6 +34,11 @@ void writePageRange(const ItemWriter& item, const XMPlPagRange& range) {
 }
 
 }  // namespace
+
+void xmpl::findUnreadPageRanges(const Metadata& metadata, Unread& unread) {
+  findUnread<XMPlPagRange>({metadata, kPageRanges.name}, kPageRanges.kind, readPageRange,
+                           writePageRange, unread);
+}
 
 bool XMPlib::GetPagRanges(std::vector<XMPlPagRange>& ranges) const {
   ranges.clear();

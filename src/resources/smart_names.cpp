@@ -2,7 +2,7 @@
 //   vxSmName:name   text
 //   vxSmName:value  text
 #include "core/call_guard.h"
-#include "core/lists.h"
+#include "core/unread.h"
 
 namespace {
 
@@ -24,6 +24,11 @@ void writeSmartName(const ItemWriter& item, const XMPlSmartName& name) {
 }  // namespace
 
 bool XMPlSmartName::operator==(const XMPlSmartName& other) const { return name == other.name; }
+
+void xmpl::findUnreadSmartNames(const Metadata& metadata, Unread& unread) {
+  findUnread<XMPlSmartName>({metadata, kSmartNames.name}, kSmartNames.kind, readSmartName,
+                            writeSmartName, unread);
+}
 
 bool XMPlib::GetSmartNames(std::vector<XMPlSmartName>& names) const {
   names.clear();

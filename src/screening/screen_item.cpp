@@ -11,8 +11,8 @@ bool readCurves(const ItemReader& item, XMPlScreen& screen) {
                                 item.text("vxScreen:autopressDGCreq", screen.autopressDGCreq) &&
                                 item.text("vxScreen:autopressDGCLW", screen.autopressDGCLW) &&
                                 item.text("vxScreen:autopressDGCCT", screen.autopressDGCCT);
-  item.text("vxScreen:totalDGCLW", screen.totalDGCLW);
-  item.text("vxScreen:totalDGCCT", screen.totalDGCCT);
+  item.optional().text("vxScreen:totalDGCLW", screen.totalDGCLW);
+  item.optional().text("vxScreen:totalDGCCT", screen.totalDGCCT);
   return hasPlateAndPress && item.text("vxScreen:gamma", screen.gamma) &&
          item.text("vxScreen:usedrefs", screen.usedrefs);
 }
@@ -33,7 +33,7 @@ void readScreening(const ItemReader& item, XMPlScreen& screen) {
 
 bool readScreen(const ItemReader& item, XMPlScreen& screen) {
   const bool whole = readCurves(item, screen);
-  readScreening(item, screen);
+  readScreening(item.optional(), screen);
   return whole;
 }
 

@@ -2,7 +2,7 @@
 //   vxScreenL:screens  unordered array of screens (screen_item.h)
 // The older layout, which is only read: vxScreenL:screens at the top level.
 #include "core/call_guard.h"
-#include "core/lists.h"
+#include "core/unread.h"
 #include "screening/screen_item.h"
 
 namespace {
@@ -37,12 +37,40 @@ bool readAllGroups(const ArrayReader& container, std::vector<XMPlScreen>& screen
   }
 }
 
+// Appends one list a group; ends before the first group that yields nothing.
+void readGroups(const ArrayReader& container, std::vector<std::vector<XMPlScreen>>& groups) {
+  do {
+    std::vector<XMPlScreen> screens;
+    if (!readScreens(screensOf(container, groups.size() + 1), screens)) break;
+    groups.push_back(std::move(screens));
+  } while (hasGroup(container, groups.size() + 1));
+}
+
 void writeGroup(const ArrayWriter& container, const std::vector<XMPlScreen>& screens) {
   const ArrayWriter group = container.addItem().array(kGroupScreens, ArrayKind::unordered);
   writeItems(group, xmpl::writeScreen, screens);
 }
 
 }  // namespace
+
+void xmpl::findUnreadScreens(const Metadata& metadata, Unread& unread) {
+  ListAudit container(metadata, kContainer.name);
+  std::vector<std::vector<XMPlScreen>> groups;
+  container.read([&](const ArrayReader& array) { readGroups(array, groups); });
+  container.noteItems(groups.size(), unread);
+  const auto writeGroups = [&](const ArrayWriter& array) {
+    for (const std::vector<XMPlScreen>& screens : groups) writeGroup(array, screens);
+  };
+  container.noteFields(kContainer.kind, writeGroups, unread);
+  for (std::size_t i = 1; i <= std::min(groups.size() + 1, container.size()); ++i) {
+    ListAudit group = container.nested(i, kGroupScreens);
+    std::vector<XMPlScreen> screens;
+    group.read([&](const ArrayReader& array) { readScreens(array, screens); });
+    group.noteItems(screens.size(), unread);
+  }
+  findUnread<XMPlScreen>({metadata, kOlderScreens}, ArrayKind::unordered, readScreen, writeScreen,
+                         unread);
+}
 
 // Deliberate: the result is that of the last list read. It is false when a group behind others
 // breaks off at its first screen, whatever those others yielded.
@@ -72,12 +100,7 @@ bool XMPlib::SetScreens(const std::vector<XMPlScreen>& screens) {
 bool XMPlib::GetScreenContainer(std::vector<std::vector<XMPlScreen>>& groups) const {
   groups.clear();
   return guarded([&](const Metadata& metadata) {
-    const ArrayReader container(metadata, kContainer.name);
-    do {
-      std::vector<XMPlScreen> screens;
-      if (!readScreens(screensOf(container, groups.size() + 1), screens)) break;
-      groups.push_back(std::move(screens));
-    } while (hasGroup(container, groups.size() + 1));
+    readGroups(ArrayReader(metadata, kContainer.name), groups);
     return !groups.empty();
   });
 }

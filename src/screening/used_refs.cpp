@@ -3,7 +3,7 @@
 //   vxUsedF:renditionClass  text
 //   vxUsedF:pagenr          integer, optional
 #include "core/call_guard.h"
-#include "core/lists.h"
+#include "core/unread.h"
 
 namespace {
 
@@ -17,7 +17,7 @@ bool readUsedRef(const ItemReader& item, XMPlUsedRef& ref) {
   const bool complete = item.text("vxUsedF:instanceID", ref.instanceID) &&
                         item.text("vxUsedF:renditionClass", ref.renditionClass);
   std::int32_t page = 0;
-  if (item.integer("vxUsedF:pagenr", page)) ref.pagenr = page;
+  if (item.optional().integer("vxUsedF:pagenr", page)) ref.pagenr = page;
   return complete;
 }
 
@@ -38,6 +38,11 @@ bool XMPlUsedRef::operator<(const XMPlUsedRef& other) const {
   if (instanceID != other.instanceID) return instanceID < other.instanceID;
   if (renditionClass != other.renditionClass) return renditionClass < other.renditionClass;
   return pagenr < other.pagenr;
+}
+
+void xmpl::findUnreadUsedRefs(const Metadata& metadata, Unread& unread) {
+  findUnread<XMPlUsedRef>({metadata, kUsedRefs.name}, kUsedRefs.kind, readUsedRef, writeUsedRef,
+                          unread);
 }
 
 bool XMPlib::GetUsedRefs(std::vector<XMPlUsedRef>& refs) const {

@@ -119,6 +119,68 @@ TEST(Handle, WithoutMetadataRefusesAndRecovers) {
 }
 
 // In a process of its own, as ctest runs it, this test makes the first handles.
+TEST(Handle, MovesWithItsMetadataAndTexts) {
+  const std::size_t before = slotsInUse();
+  const auto load = [](const std::string& text) {
+    XMPlib xmp;
+    xmp.SetXML(text);
+    return xmp;
+  };
+  EXPECT_NE(load("<a").ErrStr(), "");  // a function's result still tells of its error
+  XMPlib first = load(packet("<vxGr:nrpages>3</vxGr:nrpages>"));
+  XMPlib copy(first);
+  XMPlib second(std::move(first));
+  EXPECT_FALSE(first.SetNrPages(4));  // NOLINT(bugprone-use-after-move): stated what it is then
+  EXPECT_EQ(first.ErrStr(), "Illegal XAP");
+  EXPECT_TRUE(second.SetNrPages(5));
+  int pages = 0;
+  EXPECT_TRUE(copy.GetNrPages(pages));  // shares with the new place
+  EXPECT_EQ(pages, 5);
+  XMPlib& itself = second;
+  second = std::move(itself);
+  EXPECT_TRUE(second.GetNrPages(pages));
+  second = XMPlib();
+  EXPECT_FALSE(second.GetNrPages(pages));
+  EXPECT_TRUE(copy.GetNrPages(pages));
+  first = std::move(copy);
+  EXPECT_TRUE(first.GetNrPages(pages));
+  EXPECT_EQ(slotsInUse(), before + 2);
+}
+
+TEST(Handle, StandsInVectors) {
+  const std::size_t before = slotsInUse();
+  {
+    std::vector<XMPlib> handles;
+    for (int i = 0; i < 20; ++i) {
+      handles.emplace_back();
+      EXPECT_TRUE(handles.back().SetNrPages(i));
+    }
+    handles.erase(handles.begin());
+    for (int i = 0; i < 19; ++i) {
+      int pages = 0;
+      EXPECT_TRUE(handles[static_cast<std::size_t>(i)].GetNrPages(pages));
+      EXPECT_EQ(pages, i + 1);
+    }
+  }
+  EXPECT_EQ(slotsInUse(), before);
+}
+
+TEST(Handle, ClonesAreIndependent) {
+  Loaded xmp(
+      "<vxGr:nrpages>3</vxGr:nrpages><dc:title><rdf:Alt><rdf:li xml:lang=\"x-default\">T"
+      "</rdf:li></rdf:Alt></dc:title>");
+  XMPlib clone = xmp.CloneXAP();
+  EXPECT_EQ(stored(clone), stored(xmp));
+  EXPECT_TRUE(clone.SetNrPages(4));
+  int pages = 0;
+  EXPECT_TRUE(xmp.GetNrPages(pages));
+  EXPECT_EQ(pages, 3);
+  xmp.RemoveXAP();
+  EXPECT_TRUE(clone.GetNrPages(pages));
+  EXPECT_EQ(pages, 4);
+  EXPECT_FALSE(xmp.CloneXAP().GetNrPages(pages));  // of nothing: nothing
+}
+
 TEST(Handle, StartsTheToolkitOnceForManyThreads) {
   onManyThreads([](int thread) {
     XMPlib xmp;

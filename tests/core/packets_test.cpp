@@ -5,9 +5,15 @@
 TEST(Packets, MalformedTextShowsInTheErrorTextAlone) {
   XMPlib xmp;
   EXPECT_TRUE(xmp.SetNrPages(3));
-  for (const char* text : {"<a", "plain", "<a></b>", "<a/><b/>", "\x01\x02"}) {
+  const std::pair<const char*, const char*> kMalformed[] = {
+      {"<a", "line 1, column 1: unclosed token"},
+      {"plain", "line 1, column 1: syntax error"},
+      {"<a>\n <c/>\n</b>", "line 3, column 3: mismatched tag"},
+      {"<a/>\n<b/>", "line 2, column 1: junk after document element"},
+  };
+  for (const auto& [text, where] : kMalformed) {
     EXPECT_TRUE(xmp.SetXML(text));
-    EXPECT_EQ(xmp.ErrStr(), "XML parsing failure") << text;
+    EXPECT_EQ(xmp.ErrStr(), std::string("XML parsing failure at ") + where) << text;
     EXPECT_EQ(stored(xmp), "");
     EXPECT_EQ(xmp.ErrStr(), "");
   }
@@ -32,11 +38,22 @@ TEST(Packets, ComeOutBareOrWrappedAndPadded) {
   EXPECT_EQ(small.find("<?xpacket begin="), 0U);
   EXPECT_NE(small.find("<?xpacket end=\"w\"?>"), std::string::npos);
   EXPECT_EQ(xmp.GetXMLPacket(true, 1100).size(), small.size() + 1000);
-  const std::string standard = xmp.GetXMLPacket(true, 0);
-  EXPECT_EQ(xmp.GetXMLPacket(true, -5), standard);
   const std::string& buffer = xmp.GetXML();
   xmp.GetXMLPacket(true, 1);
   EXPECT_EQ(&buffer, &xmp.GetXML());
+}
+
+TEST(Packets, GrowByExactlyThePadding) {
+  const Loaded xmp("<vxGr:nrpages>3</vxGr:nrpages>");
+  const std::size_t bare = xmp.GetXMLPacket(false, 1).size() - 1;
+  for (const int padding : {1, 2, 100, 101, 102, 103, 5000}) {
+    EXPECT_EQ(xmp.GetXMLPacket(false, padding).size(), bare + static_cast<std::size_t>(padding));
+  }
+  EXPECT_EQ(xmp.GetXMLPacket(false, 0), std::string(xmp.GetXMLPacket(false, 2048)));
+  for (const int refused : {-1, -2147483647, 1 << 28}) {
+    EXPECT_EQ(xmp.GetXMLPacket(false, refused), "");
+    EXPECT_EQ(xmp.ErrStr(), "Outrageously large padding size");
+  }
 }
 
 TEST(Packets, KeepWhatNoOperationManages) {

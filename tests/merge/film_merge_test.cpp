@@ -141,7 +141,7 @@ TEST(FilmMerge, OfOnePacketOrNoneThatIsCompleteLoadsTheFirst) {
   }
   for (const auto& packets : {Packets{"<x"}, Packets{"<x", part}, Packets{}}) {
     EXPECT_TRUE(xmp.MergeXML(packets, 0, true));
-    EXPECT_EQ(xmp.ErrStr(), "XML parsing failure");  // of no packets: of the call before
+    EXPECT_EQ(xmp.ErrStr().find("XML parsing failure"), 0U);  // of no packets: of the call before
   }
 }
 

@@ -10,6 +10,10 @@
 static_assert(!std::is_copy_assignable<XMPlib>::value, "handles are not assignable");
 static_assert(std::is_constructible<XMPlib, XMPlib&>::value, "handles are copied");
 static_assert(!std::is_constructible<XMPlib, const XMPlib&>::value, "from a non-const handle");
+static_assert(!std::is_assignable<XMPlib&, XMPlib&>::value, "from no lvalue at all");
+static_assert(std::is_nothrow_move_constructible<XMPlib>::value, "vectors move handles");
+
+TEST(SharedLibrary, IsOfTheVersionOfItsHeaders) { EXPECT_EQ(XMPlib::Version(), XMPLIB_VERSION); }
 
 TEST(SharedLibrary, LetsToolkitErrorsBeCaughtByType) {
   XMPlib xmp;

@@ -1,0 +1,40 @@
+#include "core/unread.h"
+
+namespace xmpl {
+
+ListAudit ListAudit::nested(std::size_t item, const char* field) const {
+  const XMP_Node* found = nullptr;
+  try {
+    found = findField(*findItem(*array_, item), field);
+  } catch (const XMP_Error&) {  // the item is no structure: it has no such list
+  }
+  return {path_ + '[' + std::to_string(item) + "]/" + field, found};
+}
+
+void ListAudit::noteItems(std::size_t read, Unread& unread, const char* reason) const {
+  if (array_ == nullptr) return;
+  const std::size_t stored = size();
+  if (read == stored && error_.empty()) return;
+  XMPlUnreadItems row;
+  row.list = path_;
+  row.stored = static_cast<std::int32_t>(stored);
+  row.read = static_cast<std::int32_t>(read);
+  row.reason = !error_.empty() ? error_ : !trace_.missing.empty() ? trace_.missing : reason;
+  unread.items.push_back(std::move(row));
+}
+
+void ListAudit::noteDropped(const XMP_Node& rewritten, Unread& unread) const {
+  if (array_ == nullptr) return;
+  forEachDropped(*array_, rewritten,
+                 [&](std::size_t item, const std::string& path, const XMP_Node& node) {
+                   // An empty text that a record knows is as good as none.
+                   if (isEmptyText(node) && trace_.read.contains(&node)) return;
+                   XMPlUnreadField row;
+                   row.list = path_;
+                   row.item = static_cast<std::int32_t>(item);
+                   row.field = path;
+                   unread.fields.push_back(std::move(row));
+                 });
+}
+
+}  // namespace xmpl
