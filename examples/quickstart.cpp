@@ -1,43 +1,20 @@
 // quickstart FILE [-o PACKET]
 //
 // Takes the XMP packet out of a document (PDF, AI, EPS, INDD, TIFF, ... or a bare packet), shows
-// what it says as typed values, changes some, and prints the packet that comes back.
+// what it says as typed values, changes some, and shows the packet that comes back, blank lines and
+// the rest of long lines left out. With -o it writes the whole packet to a file instead.
 #include <XMPlib.h>
 
 #include <fstream>
 #include <iostream>
-#include <iterator>
+#include <sstream>
 #include <stdexcept>
 #include <string>
 #include <vector>
 
+#include "packet_in_file.h"
+
 namespace {
-
-std::string readFile(const std::string& path) {
-  std::ifstream file(path, std::ios::binary);
-  if (!file) throw std::runtime_error("cannot read " + path);
-  return {std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
-}
-
-// From the last `first` in `bytes` up to the end of the `last` behind it; empty if not there.
-std::string lastBetween(const std::string& bytes, const std::string& first,
-                        const std::string& last) {
-  const std::size_t begin = bytes.rfind(first);
-  if (begin == std::string::npos) return {};
-  const std::size_t end = bytes.find(last, begin);
-  return end == std::string::npos ? std::string() : bytes.substr(begin, end + last.size() - begin);
-}
-
-// Any program can find a packet without knowing the file's format. The last one counts: where a
-// file was saved incrementally, it is the current one. The trailer is written in one of two ways.
-std::string packetIn(const std::string& bytes) {
-  for (const char* trailer : {"<?xpacket end=\"w\"?>", "<?xpacket end='w'?>",
-                              "<?xpacket end=\"r\"?>", "<?xpacket end='r'?>"}) {
-    std::string packet = lastBetween(bytes, "<?xpacket begin=", trailer);
-    if (!packet.empty()) return packet;
-  }
-  return lastBetween(bytes, "<x:xmpmeta", "</x:xmpmeta>");
-}
 
 template <class Value>
 void show(const char* what, bool found, const Value& value) {
@@ -202,6 +179,8 @@ void change(XMPlib& xmp) {
     require(xmp.SetDimDat(page), xmp);
   }
 
+  // Where an item of the list is incomplete, this would delete it and those behind it: the Get ends
+  // there, and the Set replaces the whole list. README shows how to ask beforehand.
   std::vector<XMPlSmartName> names;
   xmp.GetSmartNames(names);
   names.emplace_back();
@@ -210,14 +189,51 @@ void change(XMPlib& xmp) {
   require(xmp.SetSmartNames(names), xmp);
 }
 
-void run(const std::string& input, const std::string& output) {
-  const std::string packet = packetIn(readFile(input));
-  if (packet.empty()) throw std::runtime_error("no XMP packet in " + input);
+// --- Input and output ----------------------------------------------------------------------------
 
-  XMPlib xmp;
-  xmp.SetXML(packet);
+// Throws unless the file has a packet that can be read.
+void load(XMPlib& xmp, const std::string& path) {
+  const PacketInFile packet = packetIn(readFile(path));
+  if (packet.text.empty()) throw std::runtime_error("no XMP packet in plain text in " + path);
+  std::cout << path << ": packet " << packet.which << " of " << packet.count << " ("
+            << (packet.named ? "the one that the PDF's catalogue names" : "the last") << "), "
+            << packet.text.size() << " bytes\n";
+  xmp.SetXML(packet.text);  // answers true always; the error text tells
   if (!xmp.ErrStr().empty()) throw std::runtime_error("unreadable packet: " + xmp.ErrStr());
-  std::cout << input << ": a packet of " << packet.size() << " bytes\n";
+}
+
+// Up to `most` bytes from the beginning of `line`, whole characters (UTF-8) alone.
+std::string beginning(const std::string& line, std::size_t most) {
+  if (line.size() <= most) return line;
+  while (most > 0 && (static_cast<unsigned char>(line[most]) & 0xC0) == 0x80) --most;
+  return line.substr(0, most);
+}
+
+void showPacket(const std::string& packet) {
+  constexpr std::size_t kLongest = 120;
+  std::istringstream lines(packet);
+  std::size_t blank = 0;
+  for (std::string line; std::getline(lines, line);) {
+    const std::string shown = beginning(line, kLongest);
+    if (line.find_first_not_of(' ') == std::string::npos) {
+      blank += line.size() + 1;
+    } else if (shown.size() == line.size()) {
+      std::cout << line << '\n';
+    } else {
+      std::cout << shown << " ... " << line.size() - shown.size() << " bytes left out\n";
+    }
+  }
+  std::cout << blank << " bytes of blank lines left out; -o writes the whole packet\n";
+}
+
+void write(const std::string& packet, const std::string& path) {
+  std::ofstream file(path, std::ios::binary);
+  if (!(file << packet << std::flush)) throw std::runtime_error("cannot write " + path);
+}
+
+void run(const std::string& input, const std::string& output) {
+  XMPlib xmp;
+  load(xmp, input);
   showDocument(xmp);
   showInks(xmp);
   showScreens(xmp);
@@ -230,11 +246,11 @@ void run(const std::string& input, const std::string& output) {
   showDocument(xmp);
   showSmartNames(xmp);
 
-  const std::string& changed = xmp.GetXMLPacket(false, 0);
+  const std::string& packet = xmp.GetXMLPacket(false, 0);
   if (output.empty()) {
-    std::cout << changed << '\n';
-  } else if (!(std::ofstream(output, std::ios::binary) << changed)) {
-    throw std::runtime_error("cannot write " + output);
+    showPacket(packet);
+  } else {
+    write(packet, output);
   }
 }
 
@@ -243,11 +259,14 @@ void run(const std::string& input, const std::string& output) {
 int main(int argc, char** argv) {
   std::string input;
   std::string output;
+  bool understood = true;
   for (int i = 1; i < argc; ++i) {
-    const bool hasOutput = std::string(argv[i]) == "-o" && i + 1 < argc;
-    (hasOutput ? output : input) = argv[hasOutput ? ++i : i];
+    const std::string arg = argv[i];
+    const bool isOutput = arg == "-o" && i + 1 < argc;
+    understood = understood && (isOutput || (input.empty() && arg[0] != '-'));
+    (isOutput ? output : input) = isOutput ? argv[++i] : arg;
   }
-  if (input.empty()) {
+  if (!understood || input.empty()) {
     std::cerr << "usage: quickstart FILE [-o PACKET]\n";
     return 2;
   }
