@@ -23,32 +23,45 @@ class TXMPMeta;  // the XMP Toolkit's metadata object
 //
 // The frame of every Get, Set and Merge; each operation states only where it departs from it:
 // - It empties the error text first, so ErrStr() tells about the last call only.
-// - A Get sets its outputs to their defaults before anything else. Defaults of records stand with
-//   their fields.
-// - Without a metadata object (after RemoveXAP, or a CreateXAP that threw) it answers false, and
-//   ErrStr() is "Illegal XAP".
+// - Without a metadata object (after RemoveXAP, a move away, or a CreateXAP that threw) it answers
+//   false, and ErrStr() is "Illegal XAP".
 // - An error of the XMP Toolkit (XMP_Error) is caught: its message becomes the error text, the
-//   result is false. What was done before the error stays done: there is no rollback. Other
-//   exceptions (std::bad_alloc) pass to the caller.
-// - A scalar Get answers whether the property exists. Absence is no error.
-// - A Set answers true when all its writes were made. It replaces what was stored; a list is
-//   deleted and written anew, and an empty vector leaves an empty list.
-// - A list Get answers true when it read at least one item. It reads up to the first item that
-//   lacks a required field; that item and all behind it are left out.
+//   result is false. What was done before the error stays done: there is no rollback. A shortage of
+//   memory reaches the caller as std::bad_alloc, or, where the toolkit meets it, as such an error.
+// - A scalar Get sets its output to its default before anything else. It answers whether the
+//   property exists. Absence is no error.
+// - A list Get empties its vector before anything else. It answers true when it read at least one
+//   item and met no error. It reads up to the first item that lacks a required field, or that is an
+//   error; that item and all behind it are left out. GetUnreadItems tells of them.
+// - A Set answers true when all its writes were made. Of a simple property it replaces the value;
+//   an array or structure in its place is a toolkit error. A list it deletes and writes anew; an
+//   empty vector leaves an empty list. What a Get has left out is gone then.
+// - A Merge reads the stored list as its Get does, appends each incoming record that equals none
+//   that is stored or was appended before, and writes the list only when it appended. It answers
+//   true but for a handle without metadata. When it appended nothing, ErrStr() tells of the
+//   reading. When it did, ErrStr() tells of the writing alone, and what the reading left out is
+//   gone as after a Set. A record that storing alters (see below) is new at every merge.
+// - Where a text is read, an array or structure counts as an empty one.
 //
-// Texts are UTF-8 and stored unchanged, but for what XML cannot hold: control characters become
-// blanks, and a NUL ends the text. Text that is not UTF-8 is a toolkit error.
-// A real number is stored with at most 10 significant digits and without exponent.
-// Neither the process locale nor anything else outside the handle takes part in any of this.
+// Texts are UTF-8 and stored unchanged, but for what XML cannot hold: control characters other than
+// tab, line feed and carriage return become blanks, and a NUL ends the text. Text that is not
+// UTF-8, U+FFFE and U+FFFF are a toolkit error. Reals are stored with at most 10 significant digits
+// and without exponent; docs/format.md has the rule. The process locale takes no part in any of
+// this. Prefixes of namespaces that are not the library's own are the process's: the first packet
+// that declares one decides.
 //
-// Threads: handles may be made, copied and destroyed on any threads at once. One handle, and all
-// handles that share its metadata object, belong to one thread at a time.
+// Units and words: where a comment names a unit, a base or a list of words, the format has it. Else
+// they are the application's. Nothing is converted or checked, but where an operation says so.
+//
+// Threads: handles may be made, copied, moved, cloned and destroyed on any threads at once. One
+// handle, and all handles that share its metadata object, belong to one thread at a time.
 class XMPLIB_API XMPlib {
  public:
   // --- The handle -----------------------------------------------------------------------------
 
   // A handle onto a new, empty metadata object. The first handle of a process starts the XMP
-  // Toolkit, which is never stopped. Throws XMP_Error when the toolkit or the object cannot start.
+  // Toolkit, which is never stopped. Throws XMP_Error or std::bad_alloc when the toolkit or the
+  // object cannot start.
   XMPlib();
 
   // A second handle onto the same metadata object: each sees the other's changes. Its error text
@@ -76,8 +89,9 @@ class XMPLIB_API XMPlib {
   // headers: 10100 is 1.1.0.
   static std::int32_t Version();
 
-  // The error text of the last operation; empty when it met no error. The reference holds as long
-  // as the handle, its text until the next operation.
+  // The error text of the last operation that sets it; empty when that met no error. RemoveXAP,
+  // SimplifyExtRefs, ExpandExtRefs and what says so leave it alone. The reference holds as long as
+  // the handle, its text until the next operation: pass a copy to one.
   const std::string& ErrStr() const;
 
   // Replaces the handle's metadata object by a new, empty one. Other handles that share the old
@@ -91,36 +105,38 @@ class XMPLIB_API XMPlib {
   // --- Packet text ----------------------------------------------------------------------------
 
   // Replaces the metadata by the packet in `text` (with or without packet wrapper). Handles that
-  // shared the old metadata object keep it. Always answers true: a packet that cannot be parsed
-  // shows in ErrStr() alone, and leaves this handle with what the toolkit made of it, normally
-  // nothing. An empty text is empty metadata, not an error. Throws as CreateXAP does.
+  // shared the old metadata object keep it. Always answers true: a packet that cannot be read
+  // shows in ErrStr() alone. An empty text is empty metadata, not an error. Throws as CreateXAP
+  // does.
   //
-  // A packet over one of these limits is not parsed: ErrStr() says which, and where. 128 levels of
-  // elements; 4,096 attributes of one element; 16,384 children of one element other than rdf:li,
-  // and as many properties in all; 1,024 namespaces; 256 MiB of text, 1 GiB when serialised
-  // (estimated); any DOCTYPE; in a namespace URI, a reference that XML does not know, and in UTF-16
-  // packets any reference and a double quote. Within them, loading takes time in step with the
-  // packet's size.
+  // ErrStr() is the toolkit's message, for malformed XML with line and column. A packet that would
+  // take more time, memory or stack than its size warrants is refused before the toolkit sees it:
+  // by depth, by the number of attributes, children, properties and namespaces and of the names
+  // compared for them, by its size as text and when serialised, for a DOCTYPE, and for some
+  // namespace URIs. docs/limits.md has the figures.
   bool SetXML(const std::string& text);
 
-  // The metadata as RDF, without packet wrapper. Empty without a metadata object (ErrStr() is
-  // empty then too) and after a toolkit error. The reference holds as long as the handle, its text
-  // until the next GetXML or GetXMLPacket.
+  // The metadata as RDF in an x:xmpmeta element, without packet wrapper. Empty without a metadata
+  // object (ErrStr() is empty then too) and after a toolkit error. The reference holds as long as
+  // the handle is not moved from, its text until the next GetXML or GetXMLPacket. Settles language
+  // alternatives that do not come from a packet in this form: the default goes first, and one with
+  // the default and one other language gets the default's text for both.
   const std::string& GetXML() const;
 
-  // As GetXML, as a writeable packet in its wrapper, with `padding` blanks for changes in place; 0
-  // or less is the toolkit's default padding, about 2,000. The first argument has no effect.
+  // As GetXML, as a writeable packet in its wrapper, with `padding` blanks for changes in place: a
+  // packet with a padding of n is n bytes longer than one with none would be, for every n from 1.
+  // 0 is the toolkit's default padding, 2,048. A negative one, and one of 268,435,456 (256 MiB) or
+  // more, is a toolkit error. The first argument has no effect.
   const std::string& GetXMLPacket(bool unused, int padding) const;
 
-  // Prints every node of the metadata to standard output, a line each: schema, path, value, option
-  // bits. For diagnosis. Leaves the error text alone; a toolkit error passes to the caller. Prints
-  // nothing without a metadata object.
+  // Prints every node of the metadata to standard output, a line each unless its value has line
+  // feeds: schema, path, value, option bits. For diagnosis. Leaves the error text alone; a toolkit
+  // error passes to the caller. Prints nothing without a metadata object.
   void DumpXAP() const;
 
-  // Writes `value` as the simple property `propName` of the schema `schemaNS` (a URI), as every
-  // operation here writes a real: at most 10 significant digits, "9999999999" for ten or more
-  // integer digits, NaN and infinities. Leaves the error text alone; a toolkit error (XMP_Error)
-  // passes to the caller. Does nothing without a metadata object.
+  // Writes `value` as the simple property `propName` (a name or a path) of the schema `schemaNS` (a
+  // URI), as every operation here but SetDgcs writes a real. Leaves the error text alone; a toolkit
+  // error (XMP_Error) passes to the caller. Does nothing without a metadata object.
   void SetProperty_Float(const char* schemaNS, const char* propName, double value);
 
   // --- What a Get leaves out ------------------------------------------------------------------
@@ -142,7 +158,7 @@ class XMPLIB_API XMPlib {
   bool GetUnreadFields(std::vector<XMPlUnreadField>& unread, bool filmInks) const;
 
   // --- Document scalars -----------------------------------------------------------------------
-  // One value each. Before reading, a Get sets its output to 0, false or empty, or as said here.
+  // One value each. The default of a Get is 0, false or the empty text, or as said here.
 
   bool GetNrPages(int& pages) const;
   bool SetNrPages(int pages);
@@ -156,10 +172,10 @@ class XMPLIB_API XMPlib {
   bool GetStartLogPage(int& page) const;  // the first logical page
   bool SetStartLogPage(int page);
 
-  bool GetSmartID(std::string& id) const;  // absent: `id` keeps the caller's text
+  bool GetSmartID(std::string& id) const;  // no default: absent, `id` keeps the caller's text
   bool SetSmartID(const std::string& id);
 
-  bool GetRectoVerso(std::string& sides) const;  // absent: `sides` keeps the caller's text
+  bool GetRectoVerso(std::string& sides) const;  // no default: as above
   bool SetRectoVerso(const std::string& sides);  // how the sides are printed
 
   bool GetPDFNativeVersion(int& version) const;
@@ -185,6 +201,9 @@ class XMPLIB_API XMPlib {
   bool SetVDPVersion(int version);         // 0 deletes the property
 
   // --- Document-level records -----------------------------------------------------------------
+  // These Gets set no defaults first, but for GetColorSpace: without a metadata object the record
+  // is unchanged, and after a toolkit error what was read before it is in its fields.
+  //
   // Three-way fields, where a Set says so: an empty field leaves the stored property as it is, a
   // single blank " " deletes it, any other text replaces it.
 
@@ -192,7 +211,9 @@ class XMPLIB_API XMPlib {
   // reads the last job reference of the packet while SetJobData writes the first: where a packet
   // holds several, a Get does not see what a Set wrote.
   bool GetJobData(XMPlJobData& job) const;
-  // Three-way fields. Creates a job reference when the packet has none, also for an empty record.
+  // Three-way fields. Creates the list of job references, with one, when the packet has no such
+  // list, also for an empty record. Into a list that is there and empty, a first reference comes
+  // only with a name, id or url.
   bool SetJobData(const XMPlJobData& job);
 
   // True when at least one of the seven properties exists; absent ones are empty.
@@ -202,8 +223,8 @@ class XMPLIB_API XMPlib {
   // True when at least one of the six properties exists; absent ones are empty.
   bool GetDocumentData(XMPlDocData& data) const;
   // Three-way fields; a date "now" is the current date and time, one and the same for all dates of
-  // the call. A description replaces those in all languages. It is stored where dc:description
-  // is: XMP knows both as one.
+  // the call. A description replaces those in all languages, and a blank deletes all. It is stored
+  // where dc:description is: XMP knows both as one.
   bool SetDocumentData(const XMPlDocData& data);
 
   // True when at least one of the four properties exists. Deliberately never fills `comments`,
@@ -230,22 +251,23 @@ class XMPLIB_API XMPlib {
 
   // True when the five basic properties exist. `basicOnly` and `hasMargins` tell which of the later
   // groups were complete; margins that are not are 0. Of an incomplete group, the fields found
-  // before the gap are stored. Lets a toolkit error (XMP_Error) pass to the caller; standard
+  // before the gap are stored; `reverse` and `scanlinedirection` also from behind a gap in the
+  // distances and scales. Lets a toolkit error (XMP_Error) pass to the caller; standard
   // exceptions become the error text. So does SetDimDatDigFilm.
   bool GetDimDatDigFilm(XMPlDimDatDigFilm& dimensions) const;
   // Writes the groups that `basicOnly` and `hasMargins` announce; a stored group that they do not
   // announce stays.
   bool SetDimDatDigFilm(const XMPlDimDatDigFilm& dimensions);
 
-  // Answers whether the description exists: the other two are read in any case. The location is
-  // returned as stored, whatever it is.
+  // Sets the record's defaults before anything else. Answers whether the description exists: the
+  // other two are read in any case. The location is returned as stored, whatever it is.
   bool GetColorSpace(XMPlColorSpace& colours) const;
   // False, with "Illegal value for profile location" and nothing written, for a location that is
   // none of the four.
   bool SetColorSpace(const XMPlColorSpace& colours);
 
-  // Standard schemas, for other tools. Each field is written, or deleted when it is empty (or not
-  // valid).
+  // Standard schemas, for other tools; there is no Get. Each field is written, or deleted when it
+  // is empty (or not valid). A title replaces those in all languages.
   bool SetPDFData(const XMPlPDFData& data);
   bool SetMMData(const XMPlMMData& data);
 
@@ -258,10 +280,9 @@ class XMPLIB_API XMPlib {
   bool GetInks(std::vector<XMPlInk>& inks, bool excludeOmask) const;
   // Without `writeBookAndVxname`, the stored inks have neither `book` nor `vxname` afterwards.
   bool SetInks(const std::vector<XMPlInk>& inks, bool writeBookAndVxname);
-  // Appends the inks that the stored list does not hold yet (operator==); of equal inks, the stored
-  // one stays. Writes only when an ink was added, and then deliberately drops the coverage of all
-  // inks: it was measured for another set. The flag is that of SetInks, for the stored inks too.
-  // True but for a handle without metadata; an error of reading or writing is in ErrStr() alone.
+  // Appends inks (operator==). Writing deliberately drops the coverage of all inks: it was measured
+  // for another set. The flag is that of SetInks, for the stored inks too. Inks of a digital film
+  // stand in the same array, and are what GetInks leaves out: they are gone after writing.
   bool MergeInks(const std::vector<XMPlInk>& inks, bool writeBookAndVxname);
 
   // Answers whether the list exists. An empty `printingmethod` is not stored and reads back as
@@ -280,18 +301,23 @@ class XMPLIB_API XMPlib {
   bool GetUsedDigitalJobRefs(std::vector<XMPlUsedDigFilmRef>& refs) const;
   bool SetUsedDigitalJobRefs(const std::vector<XMPlUsedDigFilmRef>& refs);
 
-  // DGC curves. Stored numbers are each followed by one blank. A stored text whose last number is
-  // not ends the Get with std::length_error; the curves before it are in `dgcs`.
+  // DGC curves. Values are stored with six decimals, each followed by one blank. A stored text
+  // whose last number is not ends the Get with std::length_error; the curves before it are in
+  // `dgcs`.
   bool GetDgcs(std::vector<XMPlDgcc>& dgcs) const;
   bool SetDgcs(const std::vector<XMPlDgcc>& dgcs);
 
-  // One entry for each separation of a digital film. There is no Get.
+  // One entry for each separation of a digital film. There is no Get. Of the inks, book, vxname and
+  // printing method are not stored; screening is, whatever hasScreening says.
   bool SetMetaDataDigFilms(const std::vector<XMPlMetaDataDigFilm>& films);
 
   // --- Screening ------------------------------------------------------------------------------
-  // Screens are stored in numbered groups. Reading stops at the first group that yields no screen.
+  // Screens are stored in numbered groups. Reading all groups stops at the first that yields no
+  // screen.
 
-  // All groups in one list, or, when they yield nothing, the list of the older layout.
+  // All groups in one list, or, when they yield nothing, the list of the older layout. Deliberately
+  // answers for the last group that was looked at: false, with the screens of the groups before it
+  // in `screens`, when that one yields none although its first item has vxScreen:autoplateDGCreq.
   bool GetScreens(std::vector<XMPlScreen>& screens) const;
   // One group, counted from 1.
   bool GetScreens(std::vector<XMPlScreen>& screens, int group) const;
@@ -308,10 +334,11 @@ class XMPLIB_API XMPlib {
   // --- Resources ------------------------------------------------------------------------------
 
   // The files that the document refers to. Without `verbatim`, runs of numbered images are stored
-  // as one entry each (SimplifyExtRefs) and read back as one record for each file (ExpandExtRefs);
-  // with it, the list is read and stored as it is. The flag is false where it is not given. Read
-  // from the current layout, and only when that has no first entry from the old one. Expansion
-  // throws what ExpandExtRefs throws: then ErrStr() is empty and `refs` holds the list as stored.
+  // as one entry each (SimplifyExtRefs) and read back as one record for each file, under a name
+  // that begins with "file:" (ExpandExtRefs); with it, the list is read and stored as it is. The
+  // flag is false where it is not given. Read from the current layout, and from the old one when
+  // that has no first entry or one without `instanceID`. Expansion throws what ExpandExtRefs
+  // throws: then `refs` holds the list as stored, and ErrStr() tells of its reading.
   bool GetExtRefs(std::vector<XMPlExtRef>& refs) const;
   bool GetExtRefs(std::vector<XMPlExtRef>& refs, bool verbatim) const;
   // Writes both layouts.
@@ -321,56 +348,54 @@ class XMPLIB_API XMPlib {
   // defaults. Nothing is expanded or compacted.
   bool GetOldExtRefs(std::vector<XMPlExtRef>& refs) const;
   bool SetOldExtRefs(const std::vector<XMPlExtRef>& refs);
-  // Appends the references that the stored (expanded) list does not hold yet. For those that it
-  // does (operator==), adds up the counts; an unknown count (-1) wins. Writes only when a reference
-  // was added: a merge that changes nothing but counts deliberately leaves the packet as it is.
-  // True but for a handle without metadata; an error of reading or writing is in ErrStr() alone.
-  // Throws what ExpandExtRefs throws, and has written nothing then.
+  // Appends references (operator==) to the stored list, expanded; `refs` is taken as it is, a run
+  // in it as one reference. Of equal references the counts are added up; an unknown count (-1)
+  // wins. A merge that changes nothing but counts deliberately leaves the packet as it is, and
+  // writing compacts: a numbered image's count is then that of its run. Throws what ExpandExtRefs
+  // throws for the stored list, and has written nothing then.
   bool MergeExtRefs(const std::vector<XMPlExtRef>& refs);
 
   // The list with runs of numbered images compacted: references of type "image" and page 0 whose
   // name ends in "_", 3 to 9 digits and an extension. Other references come first, unchanged; then
-  // the runs, each under the first member's rendition class. Works on `refs` alone.
+  // the runs. Images that differ in nothing but their number's value are a group: all its runs, and
+  // its single images too, have the rendition class of its first member in `refs`, and as `count`
+  // the number of their files. A number that comes twice begins a run anew. The extension is all
+  // behind the digits, with one "." at its front: "a_001.tif.gz" is not numbered. Works on `refs`
+  // alone.
   std::vector<XMPlExtRef> SimplifyExtRefs(const std::vector<XMPlExtRef>& refs) const;
   // The list with compacted runs ("files:...") expanded in their places, each file's name beginning
-  // with "file:". Works on `refs` alone. Throws std::logic_error, "bad extref", for a run that
-  // cannot be read, and std::length_error for runs of more than ten million files in all, or of
-  // more than 4 GiB of names.
+  // with "file:". Works on `refs` alone. Throws std::logic_error, "bad extref", for a run without
+  // "*", "#" or, behind the last "#", "-"; numbers are read as far as they are digits. Throws
+  // std::length_error for runs of more than ten million files in all, or of more than 4 GiB of
+  // names.
   std::vector<XMPlExtRef> ExpandExtRefs(const std::vector<XMPlExtRef>& refs) const;
 
   // The structural design (CAD) files. Only `instanceID` and `renditionClass` are stored; other
   // fields keep their defaults.
   bool GetCadFiles(std::vector<XMPlExtRef>& files) const;
   bool SetCadFiles(const std::vector<XMPlExtRef>& files);
-  // Appends the files that the stored list does not hold yet (operator==). Stored files have page
-  // -1: a file with another page is always appended. Writes only when a file was added. True but
-  // for a handle without metadata; an error of reading or writing is in ErrStr() alone.
+  // Appends files (operator==). Stored files have page -1: a file with another page is always new.
   bool MergeCadFiles(const std::vector<XMPlExtRef>& files);
 
   // Without `keepDuplicates`, an embedded font is left out when a font that is not embedded has the
-  // same file name behind the last ";" of `fontfile`. The flag is true where it is not given.
+  // same file name behind the last ";" of `fontfile`; fonts without ";" take no part. The flag is
+  // true where it is not given.
   bool GetFonts(std::vector<XMPlFont>& fonts) const;
   bool GetFonts(std::vector<XMPlFont>& fonts, bool keepDuplicates) const;
   // Stores the fonts sorted by operator<; the order among fonts that contradict each other there
   // is not stated.
   bool SetFonts(const std::vector<XMPlFont>& fonts);
-  // Appends the fonts that the stored list does not hold yet (operator==). Writes, sorted, only
-  // when a font was added. True but for a handle without metadata; an error of reading or writing
-  // is in ErrStr() alone.
+  // Appends fonts (operator==), and sorts as SetFonts.
   bool MergeFonts(const std::vector<XMPlFont>& fonts);
 
   bool GetBarcodes(std::vector<XMPlBarcode>& barcodes) const;
   bool SetBarcodes(const std::vector<XMPlBarcode>& barcodes);
-  // Appends the barcodes that the stored list does not hold yet (operator==). Writes only when one
-  // was added. True but for a handle without metadata; an error of reading or writing is in
-  // ErrStr() alone.
+  // Appends barcodes (operator==).
   bool MergeBarcodes(const std::vector<XMPlBarcode>& barcodes);
 
   bool GetLayers(std::vector<XMPlLay>& layers) const;
   bool SetLayers(const std::vector<XMPlLay>& layers);
-  // Appends the layers whose name the stored list does not hold yet; the flags of a stored one
-  // stay. Writes only when a layer was added. True but for a handle without metadata; an error of
-  // reading or writing is in ErrStr() alone.
+  // Appends layers (by name); the flags of a stored one stay.
   bool MergeLayers(const std::vector<XMPlLay>& layers);
 
   // Reads of each range the inks up to the first that is missing.
@@ -393,10 +418,15 @@ class XMPLIB_API XMPlib {
   // --- Merging --------------------------------------------------------------------------------
 
   // Merges the inks, external references, fonts, CAD files, barcodes and layers of another packet
-  // into this handle's, by their own Merge operations; `inkFlag` is MergeInks' flag. Always true.
+  // into this handle's, in this order and by their own Merge operations; `inkFlag` is MergeInks'
+  // flag. A list of the packet that meets an error is passed over as a whole. Always true.
   // Does not empty the error text itself: ErrStr() is what the last Merge that ran has left, and
-  // the error text from before when none ran (a packet that cannot be parsed has no lists).
-  // Throws as the constructor and MergeExtRefs do.
+  // the error text from before when none ran (a packet that cannot be read has no lists). To find
+  // out whether it can be read:
+  //   XMPlib other;
+  //   other.SetXML(packetText);  // other.ErrStr() is empty when it can
+  // Throws as the constructor does, and what ExpandExtRefs throws for the references of either
+  // side, when the inks are merged already.
   bool MergeXML(const std::string& packetText, bool inkFlag);
 
   // Merges the packets of several digital films into one job on this handle. The first packet that
@@ -410,20 +440,28 @@ class XMPLIB_API XMPlib {
   //   other  neither
   // `writeBookAndName` is SetInksDigFilm's flag. One packet alone, or none that is complete: the
   // first packet is loaded as by SetXML. None at all: nothing happens. Always true; ErrStr() is
-  // what the last SetPagRanges or SetXML left. Incomplete packets are passed over silently.
-  // Ink numbers go on from 0 where a page range has none; a screen group that a packet lacks is
-  // empty. XMP_Error from the film data of a packet, and what GetDgcs throws, pass to the caller
-  // with this handle unchanged.
+  // what the last SetPagRanges or SetXML left: errors of other writes are lost. Incomplete packets
+  // are passed over silently, but the version, the document and the job data of one before the base
+  // stay where the base has none; document data is read only with a version, job data only with
+  // both. A range without inks gets 1 as its first; later pages and inks are numbered as if both
+  // counted from 0. A screen group that a later packet lacks is empty, and so is where
+  // GetScreenContainer stops; the base's groups are taken as they are. XMP_Error from the version,
+  // the dimensions or the inks of a packet, and what GetDgcs throws, pass to the caller with this
+  // handle unchanged; XMP_Error from writing the dimensions, and std::bad_alloc, with a part of the
+  // records written.
   bool MergeXML(const std::vector<std::string>& packets, int mode, bool writeBookAndName);
 
   // Copies the properties of schemas that this library does not manage from another handle's
   // metadata, node by node, in their form and with their qualifiers. A value that exists here stays
-  // as it is; an array or structure that exists here gets the items and fields that it lacks. URIs
-  // become plain texts. Leaves out: all private and XMP core namespaces, dc:description, dc:format,
-  // and the values of pdf:Producer, pdf:Version and pdf:Trapped. Answers whether there was any such
-  // node, copied or not. Leaves the error text alone; a toolkit error (XMP_Error: an array here, a
-  // text there) passes to the caller, with the nodes copied so far. False when either handle is
-  // without metadata.
+  // as it is, but gets the qualifiers that it lacks; an array or structure that exists here gets
+  // the fields that it lacks and, by position, the items. URIs become plain texts. Leaves out: the
+  // private namespaces, all that begin with "http://ns.adobe.com/xap/", what in dc begins with
+  // "description" or "format", and the values of pdf:Producer, pdf:Version and pdf:Trapped. Answers
+  // whether there was any other node, copied or not. Leaves the error text alone; a toolkit error
+  // (XMP_Error: a text here, a filled array or structure there; an array against a structure)
+  // passes to the caller, with the nodes copied so far. False when either handle is without
+  // metadata. Plain items that meet a language alternative here stay without a language: GetXML
+  // then answers an empty text, and ErrStr() says so.
   bool MergeNonOrvo(const XMPlib* other);
 
   // Whether dc:format says that this is an Illustrator document,

@@ -48,13 +48,14 @@ struct XMPlDocVersion {
 // The version of the digital-film data.
 struct XMPlDigFilmVersion {
   std::int32_t version = 100;  // number of the data's layout; 100 is the current one
-  std::string structure;       // "Composite", "Separated" or free text
+  std::string structure;       // "Composite" or "Separated" after a merge of films; else free text
   std::string type;
 };
 
-// The fields that both kinds of dimensions begin with. Lengths are in `units`.
+// What both kinds of dimensions begin with, for code of the application that serves either; no
+// operation takes it. Lengths are in `units`.
 struct XMPlDimDatBasic {
-  std::string units = "mm";  // unit of all lengths; nothing is converted
+  std::string units = "mm";  // unit of all lengths: "mm" is millimetres, other words as agreed
   double vsize = 0;          // height
   double hsize = 0;          // width
 };
@@ -68,7 +69,7 @@ struct XMPlDimDat {
   double margbot = 0;
   double margleft = 0;
   double margright = 0;
-  double vshrink = 1.0;       // vertical shrink factor
+  double vshrink = 1.0;       // vertical shrink factor; 1: none
   double hshrink = 1.0;       // horizontal shrink factor
   bool readerspread = false;  // the page is a reader spread
 };
@@ -78,15 +79,15 @@ struct XMPlDimDatDigFilm {
   std::string units = "mm";
   double vsize = 0;                    // height
   double hsize = 0;                    // width
-  double vresolution = 0;              // vertical resolution
+  double vresolution = 0;              // vertical resolution; its unit is the application's
   double hresolution = 0;              // horizontal resolution
   bool basicOnly = true;               // only the five fields above are valid
-  double vdist = 1.0;                  // vertical dot distance
+  double vdist = 1.0;                  // vertical dot distance, as above
   double hdist = 1.0;                  // horizontal dot distance
   double vscale = 1.0;                 // vertical scale
   double hscale = 1.0;                 // horizontal scale
   bool reverse = false;                // the film is reversed
-  std::int32_t scanlinedirection = 0;  // direction of exposure
+  std::int32_t scanlinedirection = 0;  // direction of exposure, a code of the application's
   std::int32_t spare = 0;              // neither read nor written
   bool hasMargins = false;             // the margins are valid
   double margtop = 0;

@@ -12,14 +12,14 @@
 // What every ink record has: identity and appearance of one ink.
 struct XMPlInkBasic {
   std::string name;
-  std::string type;
+  std::string type;    // the application's word
   std::string book;    // colour book that the ink comes from
   std::string vxname;  // the ink's name in the system's own naming
-  double r = 0;        // display colour; not part of the ink's identity
+  double r = 0;        // display colour, its range the application's; not part of the identity
   double g = 0;
   double b = 0;
-  std::string attribute;  // "omask": an opaque mask
-  std::string printingmethod = "unknown";
+  std::string attribute;                   // "omask": an opaque mask; else the application's word
+  std::string printingmethod = "unknown";  // the application's word
 
   // Compares name, type, book, vxname, attribute and printingmethod.
   XMPLIB_API bool operator==(const XMPlInkBasic& other) const;
@@ -28,8 +28,8 @@ struct XMPlInkBasic {
 
 // An ink of the document, with its screening and its coverage.
 struct XMPlInk : XMPlInkBasic {
-  double frequency = 0;  // screen ruling
-  double angle = 0;      // screen angle
+  double frequency = 0;  // screen ruling, in lines for a length of the application's
+  double angle = 0;      // screen angle, in the application's unit and direction
   std::string dotshape;
   bool coverageValid = false;  // pct and mm2 hold a measured coverage
   double pct = 0;              // coverage in percent
@@ -53,9 +53,9 @@ struct XMPlInkProperty {
   bool operator!=(const XMPlInkProperty& other) const { return !(*this == other); }
 };
 
-// An ink of a digital film.
+// An ink of a digital film. Compares as the basic record, without the fields below.
 struct XMPlInkDigFilm : XMPlInkBasic {
-  double opacity = 0;
+  double opacity = 0;          // in the application's range
   std::string inknrsoriginal;  // number of the ink in the original document
 };
 
@@ -68,7 +68,7 @@ struct XMPlUsedDigFilmRef {
 // A named DGC (dot-gain) curve.
 struct XMPlDgcc {
   std::string name;
-  std::vector<double> values;  // stored with six decimals each
+  std::vector<double> values;  // in the application's range; stored with six decimals each
 
   // Compares the name and every value, exactly.
   XMPLIB_API bool operator==(const XMPlDgcc& other) const;

@@ -15,7 +15,7 @@ struct XMPlRepeat {
   std::int32_t vnr = 0;        // repeats vertically; stored for "grid" alone
   std::int32_t hnr = 0;        // repeats horizontally; stored for "grid" alone
   std::string front;           // file on the front side
-  std::int32_t frontpage = 0;  // its page
+  std::int32_t frontpage = 0;  // its page, by the application's count
   std::string back;            // file on the back side
   std::int32_t backpage = 0;   // its page
   std::int32_t count = 0;      // number of copies
@@ -26,8 +26,8 @@ struct XMPlCadReg {
   std::string instanceID;  // the CAD file
   std::string renditionClass;
   std::string stationname;       // station on the drawing
-  std::int32_t orientation = 0;  // of the document on the station
-  double orgX = 0;               // origin of the document on the station
+  std::int32_t orientation = 0;  // of the document on the station, a code of the application's
+  double orgX = 0;               // origin of the document on the station, in its unit
   double orgY = 0;
 
   // Compares all fields, reals exactly.

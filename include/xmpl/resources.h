@@ -12,7 +12,7 @@
 struct XMPlExtRef {
   std::string instanceID;      // file name or URI; "files:..." for a run of numbered files
   std::string renditionClass;  // which rendition of the file is meant
-  std::int32_t pagenr = -1;    // page of the file; 0 for the files of a numbered run
+  std::int32_t pagenr = -1;    // page of the file; 0: no pages, as in a numbered run; -1: unknown
   std::string type;            // kind of resource; numbered files of type "image" are compacted
   std::int32_t count = -1;     // number of files that the entry stands for; -1: unknown
 
@@ -74,9 +74,9 @@ struct XMPlLay {
 
 // A range of pages and the inks used on them.
 struct XMPlPagRange {
-  std::int32_t start = -1;         // first page
-  std::int32_t end = -1;           // last page
-  std::vector<std::int32_t> inks;  // stored unchanged
+  std::int32_t start = -1;         // first page, by the application's count; -1: not set
+  std::int32_t end = -1;           // last page, itself part of the range
+  std::vector<std::int32_t> inks;  // numbers of inks; the merge of films takes 0 for the first
 };
 
 // A named text that a workflow substitutes into the artwork.

@@ -19,12 +19,12 @@ struct XMPlScreen {
   std::string autopressDGCCT;
   std::string totalDGCCT;  // total: CT, LW
   std::string totalDGCLW;
-  std::string gamma;          // gamma curve
-  std::string usedrefs;       // the references that use this screen, as one text
+  std::string gamma;     // gamma curve
+  std::string usedrefs;  // the references that use this screen, one text in the application's form
   bool hasScreening = false;  // the fields below are known
-  double frequencyreq = 0;    // screen ruling, requested and used
+  double frequencyreq = 0;    // screen ruling, requested and used, as in XMPlInk
   double frequency = 0;
-  double anglereq = 0;  // screen angle, requested and used
+  double anglereq = 0;  // screen angle, requested and used, as in XMPlInk
   double angle = 0;
   std::string dotshapereq;  // dot shape, requested and used
   std::string dotshape;
@@ -37,8 +37,9 @@ struct XMPlScreen {
   XMPLIB_API bool operator==(const XMPlScreen& other) const;
   bool operator!=(const XMPlScreen& other) const { return !(*this == other); }
 
-  // Orders screens with known screening first, by that screening; then by the curve names. A
-  // strict weak ordering for records without NaN.
+  // Orders screens with known screening first, by that screening; then by the curve names. No
+  // strict weak ordering, and nothing for std::sort: a dot name that repeats its own dot shape
+  // takes part in no comparison, so that three screens can stand in a circle, and so can a NaN.
   XMPLIB_API bool operator<(const XMPlScreen& other) const;
 };
 

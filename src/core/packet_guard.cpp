@@ -184,15 +184,21 @@ class Scanner {
       return;
     }
     const std::optional<std::string> written = quotable(uri);
-    if (!isPlain || !mayEdit_ || !written) {
-      refuse("a namespace URI with a quote or a character reference", position);
-    }
+    if (!written) refuse("a namespace URI with a reference that XML does not know", position);
+    if (!mayEdit_) refuse(causeInUtf16(uri), position);
+    if (!isPlain) refuse("a namespace URI with a reference or quote behind an odd blank", position);
     // The toolkit writes URIs as they are. So it gets, for the URI, the text that shall be written.
     const auto begin = static_cast<std::size_t>(uri.data() - packet_.data());
     const std::string escaped = replaced(*written, '&', "&amp;");
     replace(begin, begin + uri.size(), escaped);
     serialised_ += escaped.size();
     if (isNew) result_.declarations.push_back({std::string(prefix), *written});
+  }
+
+  static const char* causeInUtf16(std::string_view uri) {
+    if (uri.find('&') == kNone) return "a double quote in a namespace URI of a UTF-16 packet";
+    return uri.find("&#") == kNone ? "an entity reference in a namespace URI of a UTF-16 packet"
+                                   : "a character reference in a namespace URI of a UTF-16 packet";
   }
 
   void replace(std::size_t begin, std::size_t end, std::string_view text) {

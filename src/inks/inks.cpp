@@ -113,8 +113,9 @@ void xmpl::findUnreadInks(const Metadata& metadata, Unread& unread) {
   ListAudit inksAudit(metadata, kInks.name);
   ListAudit coverageAudit(metadata, kCoverage.name);
   std::vector<XMPlInk> inks;
-  inksAudit.read(
-      [&](const ArrayReader& array) { readInks(array, ArrayReader(metadata, kCoverage.name), false, inks); });
+  inksAudit.read([&](const ArrayReader& array) {
+    readInks(array, ArrayReader(metadata, kCoverage.name), false, inks);
+  });
   inksAudit.noteItems(inks.size(), unread);
   const auto write = [](const ItemWriter& item, const XMPlInk& ink) { writeInk(item, ink, true); };
   inksAudit.noteFields(

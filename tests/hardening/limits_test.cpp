@@ -151,13 +151,17 @@ TEST(Limits, NamespacesWithReferencesAreKept) {
     EXPECT_EQ(again.GetXML(), xmp.GetXML());
     EXPECT_NE(stored(again).find("q>2<"), std::string::npos);
   }
-  const char* const refusal = "a namespace URI with a quote or a character reference";
+  const char* const refusal = "a namespace URI with a reference that XML does not know";
   for (const char* uri : {"'&none;'", "'&#0;'", "'\"&#x1;'", "'&#xD800;'", "'&#x110000;'",
                           "'&#65534;'", "'&#65x;'", "'&amp'", "'&ampx'", "'&#;'"}) {
     EXPECT_EQ(errorOf(packetWith(uri)), refusal) << uri;
   }
-  EXPECT_EQ(errorOf(utf16(packetWith("'u:&amp;'"), true)), refusal);
-  EXPECT_EQ(errorOf("<a\x81xmlns:n='u:&amp;'/>"), refusal);
+  const std::string inUtf16 = " in a namespace URI of a UTF-16 packet";
+  EXPECT_EQ(errorOf(utf16(packetWith("'u:&amp;'"), true)), "an entity reference" + inUtf16);
+  EXPECT_EQ(errorOf(utf16(packetWith("'u:&#x26;'"), true)), "a character reference" + inUtf16);
+  EXPECT_EQ(errorOf(utf16(packetWith("'u:\"'"), true)), "a double quote" + inUtf16);
+  EXPECT_EQ(errorOf("<a\x81xmlns:n='u:&amp;'/>"),
+            "a namespace URI with a reference or quote behind an odd blank");
   XMPlib known;
   known.SetXML(
       "<rdf:RDF xmlns:rdf='http://www.w3.org/1999/02/22-rdf-syntax-ns&#35;'><rdf:Description "
