@@ -24,9 +24,9 @@ add_library(xmp_toolkit STATIC
   "${toolkit}/source/XML_Node.cpp"
   "${toolkit}/source/XMP_LibUtils.cpp"
   "${toolkit}/third-party/zuid/interfaces/MD5.cpp"
-  "${PROJECT_SOURCE_DIR}/src/core/toolkit_glue.cpp")
+  "${PROJECT_SOURCE_DIR}/src/core/toolkit/glue.cpp")
 
-# The client glue and src/core/tree.cpp share these with the toolkit: its headers change with them.
+# src/core/toolkit and src/core/packet share these with the toolkit: its headers change with them.
 target_compile_definitions(xmp_toolkit PUBLIC
   UNIX_ENV=1 XMP_StaticBuild=1 _FILE_OFFSET_BITS=64 TXMP_STRING_TYPE=std::string
   XMP_COMPONENT_INT_NAMESPACE=AdobeXMPCore_Int BanAllEntityUsage=1)
@@ -39,10 +39,10 @@ if(VXXMPLIB_SANITIZE MATCHES undefined)
   target_compile_options(xmp_toolkit PRIVATE -fno-sanitize=bool)
 endif()
 set_source_files_properties("${toolkit}/XMPCore/source/ExpatAdapter.cpp" PROPERTIES
-  COMPILE_OPTIONS "-include;${PROJECT_SOURCE_DIR}/src/core/expat_fence.h"
+  COMPILE_OPTIONS "-include;${PROJECT_SOURCE_DIR}/src/core/toolkit/expat_fence.h"
   INCLUDE_DIRECTORIES "${PROJECT_SOURCE_DIR}/src"
   OBJECT_DEPENDS
-    "${PROJECT_SOURCE_DIR}/src/core/expat_fence.h;${PROJECT_SOURCE_DIR}/src/core/parse_failure.h")
+    "${PROJECT_SOURCE_DIR}/src/core/toolkit/expat_fence.h;${PROJECT_SOURCE_DIR}/src/core/toolkit/parse_failure.h")
 target_link_libraries(xmp_toolkit PUBLIC EXPAT::EXPAT Threads::Threads)
 set_target_properties(xmp_toolkit PROPERTIES CXX_STANDARD 14 CXX_EXTENSIONS ON CXX_CLANG_TIDY "")
 set(XMP_TOOLKIT_PUBLIC_INCLUDE "${toolkit}/public/include")

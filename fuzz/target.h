@@ -8,7 +8,7 @@
 #include <optional>
 #include <string_view>
 
-#include "core/toolkit.h"
+#include "core/toolkit/client.h"
 #include "support/records.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size);

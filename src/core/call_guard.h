@@ -5,7 +5,7 @@
 #include <utility>
 
 #include "XMPlib.h"
-#include "core/toolkit.h"
+#include "core/toolkit/client.h"
 
 namespace xmpl {
 

@@ -8,7 +8,7 @@
 #include <string_view>
 #include <unordered_set>
 
-#include "core/tree.h"
+#include "core/toolkit/tree.h"
 
 namespace xmpl {
 

@@ -6,7 +6,7 @@
 #include <string_view>
 #include <vector>
 
-#include "core/toolkit.h"
+#include "core/toolkit/client.h"
 
 #define XMPLIB_PRIVATE_BASE "http://ns.orvo.example/xmp/"
 

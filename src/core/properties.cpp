@@ -1,6 +1,6 @@
 #include "core/properties.h"
 
-#include "core/tree.h"
+#include "core/toolkit/tree.h"
 #include "core/value_text.h"
 
 namespace xmpl {

@@ -5,7 +5,7 @@
 #include <string>
 
 #include "core/namespaces.h"
-#include "core/toolkit.h"
+#include "core/toolkit/client.h"
 
 namespace xmpl {
 

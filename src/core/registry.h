@@ -8,7 +8,7 @@
 #include <mutex>
 #include <vector>
 
-#include "core/toolkit.h"
+#include "core/toolkit/client.h"
 
 namespace xmpl {
 

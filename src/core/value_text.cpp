@@ -9,7 +9,7 @@
 #include <cstdlib>
 #include <limits>
 
-#include "core/toolkit.h"
+#include "core/toolkit/client.h"
 
 namespace xmpl {
 namespace {

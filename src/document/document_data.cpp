@@ -12,7 +12,7 @@
 //   stVer:version     text
 #include "core/call_guard.h"
 #include "core/properties.h"
-#include "core/tree.h"
+#include "core/toolkit/tree.h"
 #include "document/three_way.h"
 
 namespace {

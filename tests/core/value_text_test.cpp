@@ -7,7 +7,7 @@
 #include <cstdlib>
 #include <limits>
 
-#include "core/toolkit.h"
+#include "core/toolkit/client.h"
 #include "support/packets.h"
 
 using namespace xmpl;

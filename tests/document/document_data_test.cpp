@@ -2,7 +2,7 @@
 
 #include <regex>
 
-#include "core/toolkit.h"
+#include "core/toolkit/client.h"
 #include "support/records.h"
 
 namespace {

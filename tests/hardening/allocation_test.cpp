@@ -9,7 +9,7 @@
 #include <optional>
 
 #include "core/registry.h"
-#include "core/toolkit.h"
+#include "core/toolkit/client.h"
 #include "kinds.h"
 
 namespace {

@@ -1,7 +1,7 @@
 // Every statement of docs/limits.md.
 #include <gtest/gtest.h>
 
-#include "core/packet_guard.h"
+#include "core/packet/packet_guard.h"
 #include "support/packets.h"
 
 namespace {

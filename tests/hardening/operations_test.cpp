@@ -6,7 +6,7 @@
 #include <functional>
 #include <stdexcept>
 
-#include "core/toolkit.h"
+#include "core/toolkit/client.h"
 #include "support/packets.h"
 
 namespace {

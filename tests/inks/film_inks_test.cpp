@@ -1,6 +1,6 @@
 #include <gtest/gtest.h>
 
-#include "core/toolkit.h"
+#include "core/toolkit/client.h"
 #include "support/records.h"
 
 namespace {

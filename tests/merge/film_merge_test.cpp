@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <regex>
 
-#include "core/toolkit.h"
+#include "core/toolkit/client.h"
 #include "support/packets.h"
 
 namespace {

@@ -5,7 +5,7 @@
 #include <random>
 #include <regex>
 
-#include "core/toolkit.h"
+#include "core/toolkit/client.h"
 #include "support/packets.h"
 
 namespace {

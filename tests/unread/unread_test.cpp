@@ -6,7 +6,7 @@
 #include <random>
 #include <set>
 
-#include "core/toolkit.h"
+#include "core/toolkit/client.h"
 #include "support/packets.h"
 
 namespace {

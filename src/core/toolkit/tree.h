@@ -12,7 +12,7 @@
 #include <string_view>
 
 #include "core/namespaces.h"
-#include "core/toolkit.h"
+#include "core/toolkit/client.h"
 
 class XMP_Node;
 

@@ -1,10 +1,10 @@
-#include "core/packet_guard.h"
+#include "core/packet/packet_guard.h"
 
 #include <algorithm>
 #include <array>
 #include <set>
 
-#include "core/xml_text.h"
+#include "core/packet/xml_text.h"
 
 namespace xmpl {
 namespace {

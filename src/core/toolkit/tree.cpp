@@ -1,26 +1,15 @@
-#include "core/tree.h"
+#include "core/toolkit/tree.h"
 
 #include <algorithm>
 #include <memory>
 
-#pragma GCC diagnostic push
-#pragma GCC diagnostic ignored "-Wall"
-#pragma GCC diagnostic ignored "-Wextra"
-#pragma GCC diagnostic ignored "-Wpedantic"
-#pragma GCC diagnostic ignored "-Wconversion"
-#pragma GCC diagnostic ignored "-Wshadow"
-#include "XMPCore/source/XMPCore_Impl.hpp"
-#include "XMPCore/source/XMPMeta.hpp"
-#pragma GCC diagnostic pop
-
+#include "core/toolkit/nodes.h"
 #include "core/value_text.h"
 
 namespace xmpl {
 namespace {
 
-const XMP_Node& rootOf(const Metadata& metadata) {
-  return reinterpret_cast<const XMPMeta*>(metadata.GetInternalRef())->tree;
-}
+const XMP_Node& rootOf(const Metadata& metadata) { return insideOf(metadata).tree; }
 
 const XMP_Node* childNamed(const XMP_Node& parent, std::string_view name) {
   const auto found = std::find_if(parent.children.begin(), parent.children.end(),

@@ -2,9 +2,9 @@
 #include <cstdio>
 
 #include "XMPlib.h"
-#include "core/packet_guard.h"
-#include "core/parse_failure.h"
-#include "core/toolkit.h"
+#include "core/packet/packet_guard.h"
+#include "core/toolkit/client.h"
+#include "core/toolkit/parse_failure.h"
 
 namespace {
 

@@ -7,7 +7,7 @@
 
 #include <exception>
 
-#include "core/parse_failure.h"
+#include "core/toolkit/parse_failure.h"
 
 namespace xmpl {
 

@@ -1,4 +1,4 @@
-#include "core/xml_text.h"
+#include "core/packet/xml_text.h"
 
 #include <algorithm>
 #include <charconv>
