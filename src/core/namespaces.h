@@ -98,19 +98,16 @@ struct PropertyName {
         path(name) {}
 };
 
+// The row with that URI, or null.
+const Namespace* ownNamespace(std::string_view uri);
+
 // Registers every namespace of the table, in its order. Throws XMP_Error.
 void registerNamespaces();
 
-// A namespace that a packet declares.
-struct NamespaceDeclaration {
-  std::string prefix;
-  std::string uri;
-};
-
-// Registers those that are new, as the toolkit would when it meets them, under their prefix or,
-// where that is taken, under prefix_1_, prefix_2_ ...: the toolkit tries these from the first for
-// every namespace, and slows down with all that any packet has declared before. Throws nothing:
-// what cannot be registered is left to the toolkit.
-void registerDeclared(const std::vector<NamespaceDeclaration>& declarations);
+// Registers a namespace that a packet declares, if it is new, as the toolkit would: under its
+// prefix or, where that is taken, under prefix_1_, prefix_2_ ... The toolkit tries these from the
+// first for every namespace, and slows down with all that any packet has declared before. Answers
+// the registered prefix, with its colon. Throws XMP_Error for what the toolkit takes for no prefix.
+std::string registerDeclared(const std::string& prefix, const std::string& uri);
 
 }  // namespace xmpl
