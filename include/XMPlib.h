@@ -109,11 +109,10 @@ class XMPLIB_API XMPlib {
   // shows in ErrStr() alone. An empty text is empty metadata, not an error. Throws as CreateXAP
   // does.
   //
-  // ErrStr() is the toolkit's message, for malformed XML with line and column. A packet that would
-  // take more time, memory or stack than its size warrants is refused before the toolkit sees it:
-  // by depth, by the number of attributes, children, properties and namespaces and of the names
-  // compared for them, by its size as text and when serialised, for a DOCTYPE, and for some
-  // namespace URIs. docs/limits.md has the figures.
+  // ErrStr() is the toolkit's message, for malformed XML with line and column, or a refusal of this
+  // library's, with both: for the depth of elements, the number of properties, fields, qualifiers
+  // and namespaces, the length of names, the size of the text, a DOCTYPE, or an encoding that is not
+  // known. docs/limits.md has the figures. The metadata is empty then.
   bool SetXML(const std::string& text);
 
   // The metadata as RDF in an x:xmpmeta element, without packet wrapper. Empty without a metadata
