@@ -107,6 +107,23 @@ const XMP_Node* findItem(const XMP_Node& array, std::size_t index) {
   return index <= array.children.size() ? array.children[index - 1] : nullptr;
 }
 
+std::size_t propertyCount(const Metadata& metadata, std::string_view schemaUri) {
+  const XMP_Node* schema = childNamed(rootOf(metadata), schemaUri);
+  return schema == nullptr ? 0 : schema->children.size();
+}
+
+void swapTrees(Metadata& a, Metadata& b) {
+  XMP_Node& first = insideOf(a).tree;
+  XMP_Node& second = insideOf(b).tree;
+  std::swap(first.options, second.options);
+  first.name.swap(second.name);
+  first.value.swap(second.value);
+  first.children.swap(second.children);
+  first.qualifiers.swap(second.qualifiers);
+  for (XMP_Node* schema : first.children) schema->parent = &first;
+  for (XMP_Node* schema : second.children) schema->parent = &second;
+}
+
 std::size_t itemCount(const XMP_Node& array) {
   return (array.options & kXMP_PropValueIsArray) == 0 ? 0 : array.children.size();
 }
