@@ -54,7 +54,8 @@ class TXMPMeta;  // the XMP Toolkit's metadata object
 // they are the application's. Nothing is converted or checked, but where an operation says so.
 //
 // Threads: handles may be made, copied, moved, cloned and destroyed on any threads at once. One
-// handle, and all handles that share its metadata object, belong to one thread at a time.
+// handle, and all handles that share its metadata object, belong to one thread at a time. A process
+// may fork while no other thread is inside the library; the child then uses it as its parent does.
 class XMPLIB_API XMPlib {
  public:
   // --- The handle -----------------------------------------------------------------------------

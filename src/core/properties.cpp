@@ -79,14 +79,9 @@ void PropertyWriter::emptyStructure(PropertyName name) const {
 void PropertyWriter::defaultLanguage(PropertyName name, const std::string& text) const {
   refuseBadText(text.c_str());
   metadata_.SetProperty(name.schema, name.path, nullptr, kXMP_PropArrayIsAltText);
-  const std::string item = std::string(name.path) + "[1]";
-  try {
-    metadata_.SetProperty(name.schema, item.c_str(), text);
-    metadata_.SetQualifier(name.schema, item.c_str(), kXMP_NS_XML, "lang", "x-default");
-  } catch (...) {  // no memory
-    remove(name);  // an item without its language would keep the whole packet from serialising
-    throw;
-  }
+  // Text and language in one step: an item without its language, left behind where memory ends,
+  // would keep the whole packet from serialising.
+  metadata_.SetLocalizedText(name.schema, name.path, "", "x-default", text);
 }
 
 void PropertyWriter::remove(PropertyName name) const {
