@@ -368,8 +368,8 @@ class XMPLIB_API XMPlib {
   // The list with compacted runs ("files:...") expanded in their places, each file's name beginning
   // with "file:". Works on `refs` alone. Throws std::logic_error, "bad extref", for a run without
   // "*", "#" or, behind the last "#", "-"; numbers are read as far as they are digits. Throws
-  // std::length_error for runs of more than ten million files in all, or of more than 4 GiB of
-  // names.
+  // std::length_error for a list with runs that would be more than a packet may hold, were it
+  // expanded and stored: 256 MiB, or some 480,000 files with short names.
   std::vector<XMPlExtRef> ExpandExtRefs(const std::vector<XMPlExtRef>& refs) const;
 
   // The structural design (CAD) files. Only `instanceID` and `renditionClass` are stored; other
