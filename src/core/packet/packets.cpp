@@ -3,6 +3,7 @@
 
 #include "XMPlib.h"
 #include "core/packet/packet_guard.h"
+#include "core/packet/writer.h"
 #include "core/toolkit/client.h"
 #include "core/toolkit/parse_failure.h"
 
@@ -63,7 +64,11 @@ const std::string& XMPlib::serialise(unsigned int options, int padding) const {
   xml.clear();
   if (meta == nullptr) return xml;
   try {
-    meta->SerializeToBuffer(&xml, options, static_cast<XMP_StringLen>(padding), "", "", 0);
+    if ((options & kXMP_OmitPacketWrapper) != 0) {
+      xmpl::writePacket(*meta, xml);
+    } else {
+      xmpl::writeWrapped(*meta, static_cast<XMP_StringLen>(padding), xml);
+    }
   } catch (const XMP_Error& error) {
     errStr = xmpl::messageOf(error);
   }
