@@ -1,5 +1,6 @@
 #include "core/packet/element_writer.h"
 
+#include "core/packet/limits.h"
 #include "core/packet/survey.h"
 #include "core/packet/used_names.h"
 
@@ -8,12 +9,16 @@ namespace {
 
 constexpr XMP_OptionBits kPlainMask = kXMP_PropCompositeMask | kXMP_PropValueIsURI;
 
+constexpr std::size_t kLongestName = limits::kPrefixBytes + 1 + limits::kLocalNameBytes;
+static_assert(3 * limits::kElementDepth + kLongestName + 64 <= TextOutput::kRoom);
+
 [[noreturn]] void refuseRdf(const char* why) { throw XMP_Error(kXMPErr_BadRDF, why); }
 
 bool isItem(const XMP_Node& node) { return node.name.starts_with('['); }
 
 bool isStructure(const XMP_Node& node) {
-  return (node.options & kXMP_PropCompositeMask) != 0 && (node.options & kXMP_PropValueIsArray) == 0;
+  return (node.options & kXMP_PropCompositeMask) != 0 &&
+         (node.options & kXMP_PropValueIsArray) == 0;
 }
 
 std::string_view arrayTag(XMP_OptionBits form) {
@@ -50,21 +55,21 @@ struct ElementWriter::Attributes {
 
 void ElementWriter::element(const XMP_Node& node, std::size_t indent) {
   const std::string_view name = isItem(node) ? std::string_view("rdf:li") : node.name;
-  if (node.qualifiers.empty() && (node.options & kPlainMask) == 0) return plain(node, name, indent);
   start(name, indent);
-  if (node.qualifiers.empty()) return content(node, name, indent);
-  qualified(node, name, indent);
+  if (!node.qualifiers.empty()) return qualified(node, name, indent);
+  if ((node.options & kPlainMask) == 0) return text(node, name);
+  content(node, name, indent);
 }
 
 void ElementWriter::start(std::string_view name, std::size_t indent) {
-  out_.room(name.size());
+  out_.room();
   out_.indent(indent);
   out_.put("<");
   out_.put(name);
 }
 
 void ElementWriter::end(std::string_view name, std::size_t indent) {
-  out_.room(name.size());
+  out_.room();
   out_.indent(indent);
   closing(name);
 }
@@ -75,16 +80,10 @@ void ElementWriter::closing(std::string_view name) {
   out_.put(">\n");
 }
 
-void ElementWriter::plain(const XMP_Node& node, std::string_view name, std::size_t indent) {
-  start(name, indent);
-  text(node, name);
-}
-
 void ElementWriter::text(const XMP_Node& node, std::string_view name) {
   if (node.value.empty()) return out_.put("/>\n");
   out_.put(">");
   out_.escape<Place::element>(node.value);
-  out_.room(name.size());
   closing(name);
 }
 
@@ -112,7 +111,6 @@ ElementWriter::Attributes ElementWriter::attributes(const XMP_Node& node) {
 
 template <Place kPlace>
 void ElementWriter::attribute(const XMP_Node& node) {
-  out_.room(node.name.size());
   out_.put(node.name);
   out_.put("=\"");
   out_.escape<kPlace>(node.value);

@@ -27,7 +27,6 @@ class ElementWriter {
   void start(std::string_view name, std::size_t indent);
   void end(std::string_view name, std::size_t indent);
   void closing(std::string_view name);
-  void plain(const XMP_Node& node, std::string_view name, std::size_t indent);
 
   // These stand behind an open start tag.
   void qualified(const XMP_Node& node, std::string_view name, std::size_t indent);

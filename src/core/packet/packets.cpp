@@ -21,7 +21,7 @@ const std::string& XMPlib::serialise(unsigned int options, int padding) const {
   xml.clear();
   if (meta == nullptr) return xml;
   try {
-    if (options == kXMP_OmitPacketWrapper) {
+    if ((options & kXMP_OmitPacketWrapper) != 0) {
       xmpl::writePacket(*meta, xml);
     } else {
       xmpl::writeWrapped(*meta, static_cast<XMP_StringLen>(padding), xml);

@@ -11,8 +11,10 @@ namespace {
 
 // Elements around the properties: x:xmpmeta, rdf:RDF, rdf:Description.
 constexpr std::size_t kOuterElements = 3;
-// Bytes of a tag beside its name and indentation, with an attribute's worth to spare.
-constexpr std::size_t kTagBytes = 8;
+// Bytes of <></> and a line feed, of rdf:li twice, of rdf:parseType="Resource".
+constexpr std::size_t kTagBytes = 6;
+constexpr std::size_t kItemBytes = 12;
+constexpr std::size_t kStructureBytes = 25;
 constexpr std::size_t kIndentBytes = 3;
 
 bool isArray(const XMP_Node& node) { return (node.options & kXMP_PropValueIsArray) != 0; }
@@ -39,7 +41,7 @@ class Surveyor {
     if (depth > limits::kElementDepth) {
       refuseToWrite("Packet not written: more than 128 levels of elements");
     }
-    bytes_ += kIndentBytes * depth + kTagBytes;
+    bytes_ += kIndentBytes * (depth - 1) + kTagBytes;
   }
 
   // The toolkit declares the prefixes of all fields before those of what is in them.
@@ -53,6 +55,7 @@ class Surveyor {
 
   void items(const XMP_Node& array, std::size_t depth) {
     element(depth - 1);
+    bytes_ += kIndentBytes * depth + kItemBytes * (array.children.size() + 1);
     for (const XMP_Node* item : array.children) {
       if (item == nullptr || !item->name.starts_with('[')) refuseHalfMade();
       node(*item, depth);
@@ -70,6 +73,7 @@ class Surveyor {
     if ((node.options & kXMP_PropCompositeMask) == 0) return;
     bytes_ += kIndentBytes * depth;
     if (isArray(node)) return items(node, depth + 2);
+    bytes_ += kStructureBytes;
     countNamed(node.children, [](const XMP_Node*) { return false; });
     named(node.children, depth + 1);
   }
@@ -101,6 +105,9 @@ class Surveyor {
   template <class IsExempt>
   static void countNamed(const XMP_NodeOffspring& nodes, const IsExempt& isExempt) {
     if (nodes.size() <= limits::kNamedChildren) return;
+    for (const XMP_Node* node : nodes) {
+      if (node == nullptr) refuseHalfMade();
+    }
     const auto exempt = std::count_if(nodes.begin(), nodes.end(), isExempt);
     if (nodes.size() - static_cast<std::size_t>(exempt) > limits::kNamedChildren) {
       refuseToWrite("Packet not written: more than 2,048 properties, fields or qualifiers");

@@ -1,32 +1,42 @@
 #include "core/packet/text_output.h"
 
+#include <algorithm>
+#include <bit>
 #include <cstdint>
 
 namespace xmpl {
 namespace {
 
-constexpr std::array<bool, 256> specialAre(std::string_view characters) {
-  std::array<bool, 256> special{};
+using Special = std::array<bool, 256>;
+
+constexpr Special specialAre(std::string_view characters) {
+  Special special{};
   for (std::size_t control = 0; control < 0x20; ++control) special[control] = true;
   for (const char c : characters) special[static_cast<unsigned char>(c)] = true;
   return special;
 }
 
 template <Place kPlace>
-constexpr std::array<bool, 256> kSpecial = specialAre("&<>\"");
+constexpr Special kSpecial = specialAre("&<>\"");
 template <>
-constexpr std::array<bool, 256> kSpecial<Place::element> = specialAre("&<>");
+constexpr Special kSpecial<Place::element> = specialAre("&<>");
 // The toolkit writes '>' here as it is, and a load takes it.
 template <>
-constexpr std::array<bool, 256> kSpecial<Place::toolkitForgets> = specialAre("&<\"");
+constexpr Special kSpecial<Place::toolkitForgets> = specialAre("&<\"");
 
 constexpr std::size_t kMostEscaped = 6;  // bytes that one becomes
 
-constexpr std::size_t kBlock = 16;
+// A vector of characters, looked at in one go.
+constexpr std::ptrdiff_t kBlock = 16;
 using Block = unsigned char __attribute__((vector_size(kBlock)));
 
-// Whether nothing in a block is escaped, in any place.
-bool isPlain(const char* from) {
+std::ptrdiff_t leadingZeroBytes(std::uint64_t bytes) {
+  const bool isLittle = std::endian::native == std::endian::little;
+  return (isLittle ? std::countr_zero(bytes) : std::countl_zero(bytes)) / 8;
+}
+
+// How many characters at the beginning of a block are escaped nowhere.
+std::ptrdiff_t plainBytes(const char* from) {
   Block block;
   std::memcpy(&block, from, kBlock);
   const auto special =
@@ -34,7 +44,8 @@ bool isPlain(const char* from) {
   std::array<std::uint64_t, 2> halves;
   static_assert(sizeof halves == sizeof special);
   std::memcpy(halves.data(), &special, sizeof halves);
-  return (halves[0] | halves[1]) == 0;
+  if ((halves[0] | halves[1]) == 0) return kBlock;
+  return halves[0] != 0 ? leadingZeroBytes(halves[0]) : kBlock / 2 + leadingZeroBytes(halves[1]);
 }
 
 std::string_view escaped(char c) {
@@ -58,6 +69,25 @@ std::string_view escaped(char c) {
   }
 }
 
+// Writes to `to` what `text` becomes; answers its end. May write kBlock bytes more.
+char* escapeTo(char* to, std::string_view text, const Special& special) {
+  const char* from = text.data();
+  const char* const end = from + text.size();
+  while (from != end) {
+    if (end - from >= kBlock) {
+      std::memcpy(to, from, kBlock);
+      const std::ptrdiff_t plain = plainBytes(from);
+      from += plain;
+      to += plain;
+      if (plain == kBlock) continue;
+    }
+    while (from != end && !special[static_cast<unsigned char>(*from)]) *to++ = *from++;
+    if (from == end) break;
+    for (const char c : escaped(*from++)) *to++ = c;
+  }
+  return to;
+}
+
 }  // namespace
 
 void TextOutput::flush() {
@@ -68,31 +98,13 @@ void TextOutput::flush() {
 
 template <Place kPlace>
 void TextOutput::escape(std::string_view text) {
-  while (!text.empty()) {
-    std::size_t plain = 0;
-    while (text.size() - plain >= kBlock && isPlain(text.data() + plain)) plain += kBlock;
-    if (plain > 0) append(text.substr(0, plain));
-    room(kBlock * kMostEscaped);
-    text.remove_prefix(plain + escapeEach(kSpecial<kPlace>, text.substr(plain, kBlock)));
+  constexpr std::size_t kPiece = 256;
+  for (; text.size() > kPiece; text.remove_prefix(kPiece)) {
+    room(kPiece * kMostEscaped);
+    at_ = escapeTo(at_, text.substr(0, kPiece), kSpecial<kPlace>);
   }
-  room(0);
-}
-
-void TextOutput::append(std::string_view text) {
-  for (; !text.empty(); text.remove_prefix(std::min(text.size(), kLongest))) {
-    room(std::min(text.size(), kLongest));
-    put(text.substr(0, kLongest));
-  }
-}
-
-std::size_t TextOutput::escapeEach(const Special& special, std::string_view text) {
-  char* to = at_;
-  std::size_t i = 0;
-  while (i < text.size() && !special[static_cast<unsigned char>(text[i])]) *to++ = text[i++];
-  at_ = to;
-  if (i == text.size()) return i;
-  put(escaped(text[i]));
-  return i + 1;
+  room(kPiece * kMostEscaped);
+  at_ = escapeTo(at_, text, kSpecial<kPlace>);
 }
 
 template void TextOutput::escape<Place::element>(std::string_view);
@@ -100,10 +112,10 @@ template void TextOutput::escape<Place::attribute>(std::string_view);
 template void TextOutput::escape<Place::toolkitForgets>(std::string_view);
 
 void TextOutput::blanks(std::size_t count) {
+  for (; count > kRoom; count -= kRoom) blanks(kRoom);
   room(count);
   std::memset(at_, ' ', count);
   at_ += count;
-  room(0);
 }
 
 }  // namespace xmpl

@@ -1,9 +1,8 @@
-// Text that grows at its end, at a few instructions per piece: room is made once for a line, its
-// pieces are then put without a look at the bounds. They gather in a buffer that is appended to the
-// text when it is full: a string cannot grow without being filled first.
+// Text that grows at its end, at a few instructions per piece: room is made once for several, which
+// are then put without a look at the bounds. They gather in a buffer that is appended to the text
+// when it is full: a string cannot grow without being filled first.
 #pragma once
 
-#include <algorithm>
 #include <array>
 #include <cstddef>
 #include <cstring>
@@ -21,12 +20,10 @@ class TextOutput {
   TextOutput(std::string& text, std::size_t limit, void (*refuse)())
       : text_(text), limit_(limit), refuse_(refuse) {}
 
-  // Makes room for a piece of kLongest bytes at most, and kSpare.
-  void room(std::size_t bytes) {
-    if (static_cast<std::size_t>(end() - at_) < bytes + kSpare) flush();
-  }
+  // Makes room for kRoom bytes.
+  void room() { room(0); }
 
-  // The following need room for what they put, constants and indentation but for less than kSpare.
+  // These put without a look.
   template <std::size_t kSize>
   void put(const char (&literal)[kSize]) {
     std::memcpy(at_, literal, kSize - 1);
@@ -44,7 +41,7 @@ class TextOutput {
     at_ += bytes;
   }
 
-  // These make their own room, and leave kSpare.
+  // These make their own room, and leave kRoom.
   template <Place kPlace>
   void escape(std::string_view text);
   void blanks(std::size_t count);
@@ -52,19 +49,17 @@ class TextOutput {
   // Puts what is left into the text.
   void flush();
 
-  static constexpr std::size_t kLongest = 512;
-  static constexpr std::size_t kSpare = 512;
+  // Enough for a line end, the deepest indentation, the longest name and the signs of a tag.
+  static constexpr std::size_t kRoom = 1024;
 
  private:
   static constexpr std::size_t kSmallIndent = 64;
   static constexpr char kBlanks[kSmallIndent + 1] =
       "                                                                ";
 
-  using Special = std::array<bool, 256>;
-  void append(std::string_view text);
-  std::size_t escapeEach(const Special& special, std::string_view text);
-
-  const char* end() const { return buffer_.data() + buffer_.size(); }
+  void room(std::size_t more) {
+    if (static_cast<std::size_t>(buffer_.data() + buffer_.size() - at_) < more + kRoom) flush();
+  }
 
   // Most pieces are short: two moves that overlap are less than a call.
   void copy(const char* from, std::size_t size) {
@@ -89,7 +84,7 @@ class TextOutput {
   std::string& text_;
   std::size_t limit_;
   void (*refuse_)();
-  std::array<char, 3072> buffer_;
+  std::array<char, 3584> buffer_;
   char* at_ = buffer_.data();
 };
 

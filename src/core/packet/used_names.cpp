@@ -10,7 +10,7 @@
 namespace xmpl {
 namespace {
 
-// What a character can be in a prefix or a local name.
+// What a character can be in a prefix or a local name, the odder the higher.
 enum Kind : unsigned char {
   kInName = 0,
   kNotFirst = 1,
@@ -30,15 +30,6 @@ constexpr std::array<unsigned char, 256> kKinds = [] {
 }();
 
 unsigned kindOf(char c) { return kKinds[static_cast<unsigned char>(c)]; }
-
-// kInName, kOdd or kNever.
-unsigned kindOfName(std::string_view text, std::size_t limit) {
-  if (text.size() > limit) refuseToWrite("Packet not written: a name that is too long");
-  if (text.empty() || kindOf(text[0]) == kNotFirst) return kNever;
-  unsigned kinds = 0;
-  for (const char c : text) kinds |= kindOf(c);
-  return std::min<unsigned>(kinds & (kNever | kOdd), kNever);
-}
 
 // Names of rdf that are no properties and fields to a load: it would take "value" for the value of
 // the whole structure, and the other fields for qualifiers.
@@ -65,20 +56,13 @@ void refuseToWrite(const char* why) { throw XMP_Error(kXMPErr_BadSerialize, why)
 
 void UsedNames::useNew(const std::string& name) {
   const std::string_view text = name;
-  const std::size_t colon = std::min(text.find(':'), text.size());
+  const std::size_t colon = text.find(':');
+  if (colon == std::string_view::npos) refuseName();
   const std::string_view prefix = text.substr(0, colon);
-  const std::string_view local = text.substr(std::min(colon + 1, text.size()));
-  unsigned kind = kindOfName(local, limits::kLocalNameBytes);
-  const bool isNewPrefix = prefix != lastPrefix_;
-  if (isNewPrefix) kind = std::max(kind, kindOfName(prefix, limits::kPrefixBytes));
-  if (kind == kNever || prefix == "xmlns" || (prefix == "rdf" && isSyntax(local))) refuseName();
-  if (kind == kOdd) checkOddName(name);
-  if (isNewPrefix) usePrefix(prefix);
-}
-
-void UsedNames::usePrefix(std::string_view prefix) {
-  lastPrefix_ = prefix;
-  if (!insertPrefix(prefix)) return;
+  const std::string_view local = text.substr(colon + 1);
+  checkName(local, limits::kLocalNameBytes);
+  if (prefix == "rdf" && isSyntax(local)) refuseName();
+  if (prefix == lastPrefix_ || !insertPrefix(prefix)) return;
   XMP_StringPtr uri = nullptr;
   XMP_StringLen size = 0;
   if (!sRegisteredNamespaces->GetURI(std::string(prefix).c_str(), &uri, &size)) {
@@ -87,28 +71,42 @@ void UsedNames::usePrefix(std::string_view prefix) {
   namespaces_.push_back({prefix, {uri, size}});
 }
 
+void UsedNames::declare(std::string_view prefixAndColon, std::string_view uri) {
+  const std::string_view prefix = prefixAndColon.substr(0, prefixAndColon.find(':'));
+  if (insertPrefix(prefix)) namespaces_.push_back({prefix, uri});
+}
+
+// False if it was there.
+bool UsedNames::insertPrefix(std::string_view prefix) {
+  lastPrefix_ = prefix;
+  const auto place = std::lower_bound(prefixes_.begin(), prefixes_.end(), prefix);
+  if (place != prefixes_.end() && *place == prefix) return false;
+  checkName(prefix, limits::kPrefixBytes);
+  if (prefix == "xmlns") refuseName();
+  prefixes_.insert(place, prefix);
+  return true;
+}
+
+// A prefix or a local name.
+void UsedNames::checkName(std::string_view name, std::size_t limit) {
+  if (name.size() > limit) refuseToWrite("Packet not written: a name that is too long");
+  if (name.empty() || kindOf(name[0]) == kNotFirst) refuseName();
+  unsigned kinds = 0;
+  for (const char c : name) kinds |= kindOf(c);
+  if (kinds >= kNever) refuseName();
+  if (kinds >= kOdd) checkOddName(name);
+}
+
 // What is a name outside ASCII, the parser that reads it again knows best.
-void UsedNames::checkOddName(const std::string& name) {
-  const auto parse = [this](const std::string& text) {
+void UsedNames::checkOddName(std::string_view name) {
+  const auto parse = [this](std::string_view text) {
     return XML_Parse(parser_.get(), text.data(), static_cast<int>(text.size()), XML_FALSE);
   };
   if (parser_ == nullptr) {
     parser_.reset(XML_ParserCreate("UTF-8"));
     if (parser_ == nullptr || parse("<names>") == XML_STATUS_ERROR) throw std::bad_alloc();
   }
-  if (parse('<' + name + "/>") == XML_STATUS_ERROR) refuseName();
-}
-
-void UsedNames::declare(std::string_view prefixAndColon, std::string_view uri) {
-  const std::string_view prefix = prefixAndColon.substr(0, prefixAndColon.find(':'));
-  if (insertPrefix(prefix)) namespaces_.push_back({prefix, uri});
-}
-
-bool UsedNames::insertPrefix(std::string_view prefix) {
-  const auto place = std::lower_bound(prefixes_.begin(), prefixes_.end(), prefix);
-  if (place != prefixes_.end() && *place == prefix) return false;
-  prefixes_.insert(place, prefix);
-  return true;
+  if (parse(std::string("<").append(name).append("/>")) == XML_STATUS_ERROR) refuseName();
 }
 
 std::vector<NamespaceInUse> UsedNames::namespaces() && {

@@ -19,6 +19,12 @@ namespace xmpl {
 
 class UsedNames {
  public:
+  UsedNames() {
+    prefixes_.reserve(kUsual);
+    namespaces_.reserve(kUsual);
+    prefixes_.assign({"rdf", "xml"});
+  }
+
   // An element or a qualifier by its full name. The string must stay where it is.
   void use(const std::string& name) {
     const std::string*& recent = recent_[slotOf(name)];
@@ -41,19 +47,25 @@ class UsedNames {
   static constexpr std::size_t kRecent = 128;
   static std::size_t slotOf(const std::string& name) {
     const std::size_t size = name.size();
-    if (size == 0) return 0;
-    const auto at = [&name](std::size_t i) { return static_cast<unsigned char>(name[i]); };
-    return (size * 8 + at(size - 1) + at(size / 2) * 4U + at(size * 3 / 4) * 16U) % kRecent;
+    if (size < 2) return 0;
+    const auto at = [&name](std::size_t i) -> std::size_t {
+      return static_cast<unsigned char>(name[i]);
+    };
+    // Where names differ: in number of characters, at their ends, and behind a prefix of some.
+    return (size * 3 + at(1) * 5 + at(size - 1) * 7 + at(size - 2) * 31 + at(size / 2) * 13) %
+           kRecent;
   }
 
+  static constexpr std::size_t kUsual = 16;  // namespaces
+
   void useNew(const std::string& name);
-  void usePrefix(std::string_view prefix);
-  void checkOddName(const std::string& name);
   bool insertPrefix(std::string_view prefix);
+  void checkName(std::string_view name, std::size_t limit);
+  void checkOddName(std::string_view name);
 
   std::array<const std::string*, kRecent> recent_{};
   std::string_view lastPrefix_ = "rdf";
-  std::vector<std::string_view> prefixes_{"rdf", "xml"};  // sorted
+  std::vector<std::string_view> prefixes_;  // sorted
   std::vector<NamespaceInUse> namespaces_;
   Parser parser_{nullptr, XML_ParserFree};  // for names outside ASCII
 };

@@ -22,7 +22,9 @@ class PacketWriter {
     text.reserve(std::min(expected() + around, limits::kTextBytes));
   }
 
-  void header() { out_.put("<?xpacket begin=\"\xEF\xBB\xBF\" id=\"W5M0MpCehiHzreSzNTczkc9d\"?>\n"); }
+  void header() {
+    out_.put("<?xpacket begin=\"\xEF\xBB\xBF\" id=\"W5M0MpCehiHzreSzNTczkc9d\"?>\n");
+  }
 
   void packet() {
     out_.put("<x:xmpmeta xmlns:x=\"adobe:ns:meta/\" x:xmptk=\"" kXMPCore_VersionMessage "\">\n");
@@ -72,12 +74,11 @@ class PacketWriter {
         elements.element(*property, kPropertyIndent);
       }
     }
-    out_.room(0);
+    out_.room();
     out_.put("      </rdf:Description>\n");
   }
 
   void declare(const NamespaceInUse& used) {
-    out_.room(used.prefix.size());
     out_.put("\n            xmlns:");
     out_.put(used.prefix);
     out_.put("=\"");
@@ -90,14 +91,14 @@ class PacketWriter {
   TextOutput out_;
 };
 
-// Runs `write` on a text that is empty after an exception.
+// Runs `write`, which fills `text`. After an exception that is empty, and holds no memory.
 template <class Write>
 void emptyOnFailure(std::string& text, const Write& write) {
   try {
     text.clear();
     write();
   } catch (...) {
-    text.clear();
+    text = std::string();
     throw;
   }
 }

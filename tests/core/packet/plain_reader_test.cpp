@@ -138,7 +138,7 @@ TEST(PlainReader, TakesWhatRealPacketsHold) {
 // Real files of many kinds. Most of what they hold is plain: that is what the reader is for.
 TEST(PlainReader, TakesMostOfTheSamples) {
   int plain = 0, all = 0;
-  for (const auto& file : std::filesystem::recursive_directory_iterator(XMP_TEST_SAMPLES)) {
+  for (const auto& file : std::filesystem::recursive_directory_iterator(XMPLIB_TEST_SAMPLES)) {
     if (!file.is_regular_file()) continue;
     for (const std::string& packet : packetsIn(file.path())) {
       const PacketText text(packet);
