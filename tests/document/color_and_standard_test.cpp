@@ -54,6 +54,25 @@ TEST(PDFData, TheFirstToolkitErrorEndsTheCall) {
   EXPECT_EQ(stored(xmp), old + elements("pdfxid:", "GTS_PDFXVersion=X"));
 }
 
+TEST(PDFData, AnArrayBecomesTheTitleAndAnythingElseStays) {
+  Loaded array("<dc:title><rdf:Bag><rdf:li>a</rdf:li><rdf:li>b</rdf:li></rdf:Bag></dc:title>");
+  EXPECT_TRUE(array.SetPDFData({"", "T", ""}));
+  EXPECT_EQ(stored(array),
+            "<dc:title><rdf:Alt><rdf:li xml:lang=\"x-default\">T</rdf:li></rdf:Alt></dc:title>");
+
+  const std::string old = "<dc:title rdf:parseType=\"Resource\"><dc:type>a</dc:type></dc:title>";
+  Loaded structure(old);
+  EXPECT_FALSE(structure.SetPDFData({"P", "T", "", true, true}));
+  EXPECT_EQ(structure.ErrStr(), "Requested and existing composite form mismatch");
+  EXPECT_EQ(stored(structure), old + elements("pdf:", "Producer=P"));
+
+  XMPlib number;
+  number.SetProperty_Float("http://purl.org/dc/elements/1.1/", "title", 5);
+  EXPECT_FALSE(number.SetPDFData({"", "T", ""}));
+  EXPECT_EQ(number.ErrStr(), "Composite nodes can't have values");
+  EXPECT_EQ(stored(number), elements("dc:", "title=5"));
+}
+
 TEST(MMData, EveryFieldIsWrittenOrDeleted) {
   XMPlib xmp;
   EXPECT_TRUE(xmp.SetMMData({"1", "2", "3", "4"}));
