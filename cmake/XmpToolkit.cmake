@@ -34,6 +34,9 @@ target_include_directories(xmp_toolkit SYSTEM PUBLIC
   "${toolkit}" "${toolkit}/public/include" "${toolkit}/XMPCore"
   "${toolkit}/third-party/zuid/interfaces")
 target_compile_options(xmp_toolkit PRIVATE -w -funsigned-char)
+# Whoever throws, copies or catches an XMP_Error does it with the same functions.
+set(error_text "${PROJECT_SOURCE_DIR}/src/core/toolkit/error_text.h")
+target_compile_options(xmp_toolkit PUBLIC "SHELL:-include ${error_text}")
 if(VXXMPLIB_SANITIZE MATCHES undefined)
   # Its getter of booleans copies an unset one for an absent property; we do not use that getter.
   target_compile_options(xmp_toolkit PRIVATE -fno-sanitize=bool)

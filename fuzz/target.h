@@ -96,4 +96,4 @@ inline std::int64_t filesIn(const std::vector<XMPlExtRef>& refs) {
 }
 
 // Too many to wait for, too few to be refused.
-inline bool isSlow(std::int64_t files) { return files > 10'000 && files <= 10'000'000; }
+inline bool isSlow(std::int64_t files) { return files > 10'000 && files <= 1'000'000; }

@@ -4,11 +4,34 @@
 
 namespace xmpl {
 
-bool ArrayReader::integer(std::size_t index, std::int32_t& value) const {
-  const XMP_Node* found = node(index);
-  if (found == nullptr) return false;
-  value = toInteger(simpleText(*found));
+bool readText(const XMP_Node* node, std::string& value) {
+  if (node == nullptr) return false;
+  value = anyText(*node);
   return true;
+}
+
+bool readInteger(const XMP_Node* node, std::int32_t& value) {
+  if (node == nullptr) return false;
+  value = toInteger(simpleText(*node));
+  return true;
+}
+
+bool readReal(const XMP_Node* node, double& value) {
+  if (node == nullptr) return false;
+  value = toReal(simpleText(*node));
+  return true;
+}
+
+bool readBoolean(const XMP_Node* node, bool& value) {
+  if (node == nullptr) return false;
+  value = toBoolean(simpleText(*node));
+  return true;
+}
+
+bool readTextOrEmpty(const XMP_Node* node, std::string& value) {
+  const bool found = readText(node, value);
+  if (!found) value.clear();
+  return found;
 }
 
 void ItemReader::note(std::string_view field, const XMP_Node* found) const {
@@ -17,34 +40,6 @@ void ItemReader::note(std::string_view field, const XMP_Node* found) const {
   } else if (isRequired_ && trace_->missing.empty()) {
     trace_->missing = field;
   }
-}
-
-bool ItemReader::text(std::string_view field, std::string& value) const {
-  const XMP_Node* found = node(field);
-  if (found == nullptr) return false;
-  value = anyText(*found);
-  return true;
-}
-
-bool ItemReader::integer(std::string_view field, std::int32_t& value) const {
-  const XMP_Node* found = node(field);
-  if (found == nullptr) return false;
-  value = toInteger(simpleText(*found));
-  return true;
-}
-
-bool ItemReader::real(std::string_view field, double& value) const {
-  const XMP_Node* found = node(field);
-  if (found == nullptr) return false;
-  value = toReal(simpleText(*found));
-  return true;
-}
-
-bool ItemReader::boolean(std::string_view field, bool& value) const {
-  const XMP_Node* found = node(field);
-  if (found == nullptr) return false;
-  value = toBoolean(simpleText(*found));
-  return true;
 }
 
 void ArrayWriter::addInteger(std::int32_t value) const {

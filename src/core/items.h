@@ -12,6 +12,16 @@
 
 namespace xmpl {
 
+// The value of a node that may be absent: each answers whether it is there, and sets `value` only
+// then.
+bool readText(const XMP_Node* node, std::string& value);
+bool readInteger(const XMP_Node* node, std::int32_t& value);
+bool readReal(const XMP_Node* node, double& value);
+bool readBoolean(const XMP_Node* node, bool& value);
+
+// As readText(), but an absent node leaves an empty text.
+bool readTextOrEmpty(const XMP_Node* node, std::string& value);
+
 // What a reading has met, for those who ask what it left out.
 struct ReadTrace {
   std::string missing;                       // the first required field that the last item lacks
@@ -30,7 +40,14 @@ class ArrayReader {
 
   bool exists() const { return array_ != nullptr; }
   ItemReader item(std::size_t index) const;  // counts from 1
-  bool integer(std::size_t index, std::int32_t& value) const;
+  ItemReader last() const;
+  bool integer(std::size_t index, std::int32_t& value) const {
+    return readInteger(node(index), value);
+  }
+  // Of the item in the default language; an absent one leaves an empty text.
+  bool defaultTextOrEmpty(std::string& value) const {
+    return readTextOrEmpty(array_ == nullptr ? nullptr : findDefaultText(*array_), value);
+  }
 
  private:
   const XMP_Node* node(std::size_t index) const {
@@ -52,10 +69,19 @@ class ItemReader {
   ItemReader optional() const { return {structure_, trace_, false}; }
 
   bool exists(std::string_view field) const { return node(field) != nullptr; }
-  bool text(std::string_view field, std::string& value) const;
-  bool integer(std::string_view field, std::int32_t& value) const;
-  bool real(std::string_view field, double& value) const;
-  bool boolean(std::string_view field, bool& value) const;
+  bool text(std::string_view field, std::string& value) const {
+    return readText(node(field), value);
+  }
+  bool textOrEmpty(std::string_view field, std::string& value) const {
+    return readTextOrEmpty(node(field), value);
+  }
+  bool integer(std::string_view field, std::int32_t& value) const {
+    return readInteger(node(field), value);
+  }
+  bool real(std::string_view field, double& value) const { return readReal(node(field), value); }
+  bool boolean(std::string_view field, bool& value) const {
+    return readBoolean(node(field), value);
+  }
   ArrayReader array(std::string_view field) const { return ArrayReader(node(field), trace_); }
 
  private:
@@ -74,6 +100,10 @@ class ItemReader {
 inline ItemReader ArrayReader::item(std::size_t index) const {
   if (trace_ != nullptr) trace_->missing.clear();
   return {node(index), trace_};
+}
+
+inline ItemReader ArrayReader::last() const {
+  return item(array_ == nullptr ? 0 : itemCount(*array_));
 }
 
 class ItemWriter;

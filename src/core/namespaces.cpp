@@ -6,6 +6,7 @@
 #include <unordered_map>
 
 #include "core/packet/limits.h"
+#include "core/toolkit/namespace_table.h"
 
 namespace xmpl {
 namespace {
@@ -17,19 +18,13 @@ std::string shortened(const std::string& prefix, std::size_t bytes) {
   return prefix.substr(0, end);
 }
 
-// The next of prefix_1_, prefix_2_ ... that is free.
-std::string freeVariant(const std::string& prefix) {
+// The next of prefix_1_, prefix_2_ ...: what others have is not tried again.
+std::string nextVariant(const std::string& prefix) {
   static std::mutex mutex;
   static std::map<std::string, int>& lastOf = *new std::map<std::string, int>;
   const std::lock_guard<std::mutex> lock(mutex);
-  int& last = lastOf[prefix];
-  std::string uri;
-  std::string variant;
-  do {
-    const std::string suffix = '_' + std::to_string(++last) + '_';
-    variant = shortened(prefix, limits::kPrefixBytes - suffix.size()) + suffix;
-  } while (Metadata::GetNamespaceURI(variant.c_str(), &uri));
-  return variant;
+  const std::string suffix = '_' + std::to_string(++lastOf[prefix]) + '_';
+  return shortened(prefix, limits::kPrefixBytes - suffix.size()) + suffix;
 }
 
 std::unordered_map<std::string_view, const Namespace*> namespacesByUri() {
@@ -57,9 +52,9 @@ std::string registerDeclared(const std::string& prefix, const std::string& uri) 
   if (const Namespace* own = ownNamespace(uri)) return std::string(own->prefix) + ':';
   std::string registered;
   if (Metadata::GetNamespacePrefix(uri.c_str(), &registered)) return registered;
-  const bool isTaken = Metadata::GetNamespaceURI(prefix.c_str(), &registered);
-  const std::string suggested = isTaken ? freeVariant(prefix) : prefix;
-  Metadata::RegisterNamespace(uri.c_str(), suggested.c_str(), &registered);
+  std::string suggested = prefix;
+  while (!registerWholly(uri, suggested)) suggested = nextVariant(prefix);
+  Metadata::GetNamespacePrefix(uri.c_str(), &registered);  // another thread's may have come first
   return registered;
 }
 

@@ -6,6 +6,7 @@
 #include <string_view>
 #include <vector>
 
+#include "core/own_properties.h"
 #include "core/toolkit/client.h"
 
 #define XMPLIB_PRIVATE_BASE "http://ns.orvo.example/xmp/"
@@ -87,15 +88,43 @@ consteval const char* namespaceUri(std::string_view prefix) {
   throw "unknown namespace prefix";
 }
 
+// `name` itself, if it is in the table of properties.
+consteval const char* ownName(const char* name) {
+  const std::string_view path(name);
+  if (!isOwnProperty(path.substr(0, path.find_first_of("/[")))) throw "not in kOwnProperties";
+  return name;
+}
+
 // A top-level property or a path that starts at one, by its full name ("vxGr:nrpages"). The
 // schema's URI follows from the prefix.
-struct PropertyName {
+struct PropertyPath {
   const char* schema;
   const char* path;
 
-  consteval PropertyName(const char* name)  // NOLINT(google-explicit-constructor): reads as text
+  consteval PropertyPath(const char* name)  // NOLINT(google-explicit-constructor): reads as text
       : schema(namespaceUri(std::string_view(name, std::string_view(name).find(':')))),
-        path(name) {}
+        path(ownName(name)) {}
+};
+
+// The toolkit keeps these under other names; a path finds them there.
+inline constexpr std::string_view kAliases[] = {
+    "xmp:Author",  "xmp:Authors", "xmp:Description", "xmp:Format",  "xmp:Keywords",
+    "xmp:Locale",  "xmp:Title",   "pdf:Author",      "pdf:BaseURL", "pdf:CreationDate",
+    "pdf:Creator", "pdf:ModDate", "pdf:Subject",     "pdf:Title",
+};
+
+consteval const char* plainName(const char* name) {
+  if (std::string_view(name).find_first_of("/[*") != std::string_view::npos) throw "not a name";
+  for (const std::string_view alias : kAliases) {
+    if (alias == name) throw "the toolkit keeps this property under another name";
+  }
+  return name;
+}
+
+// A top-level property that stands in the toolkit's tree under this very name.
+struct PropertyName : PropertyPath {
+  consteval PropertyName(const char* name)  // NOLINT(google-explicit-constructor): as above
+      : PropertyPath(plainName(name)) {}
 };
 
 // The row with that URI, or null.

@@ -1,11 +1,10 @@
-// Top-level properties, by their full name or by a path below one.
+// Top-level properties: read by their full name, written by it or by a path below one.
 #pragma once
 
 #include <cstdint>
 #include <string>
 
-#include "core/namespaces.h"
-#include "core/toolkit/client.h"
+#include "core/items.h"
 
 namespace xmpl {
 
@@ -14,17 +13,24 @@ class PropertyReader {
  public:
   explicit PropertyReader(const Metadata& metadata) : metadata_(metadata) {}
 
-  bool exists(PropertyName name) const;
-  bool text(PropertyName name, std::string& value) const;
-  bool integer(PropertyName name, std::int32_t& value) const;
-  bool real(PropertyName name, double& value) const;
-  bool boolean(PropertyName name, bool& value) const;
+  bool exists(PropertyName name) const { return node(name) != nullptr; }
+  bool text(PropertyName name, std::string& value) const { return readText(node(name), value); }
+  bool integer(PropertyName name, std::int32_t& value) const {
+    return readInteger(node(name), value);
+  }
+  bool real(PropertyName name, double& value) const { return readReal(node(name), value); }
+  bool boolean(PropertyName name, bool& value) const { return readBoolean(node(name), value); }
 
   // As text(), but an absent property leaves an empty text.
-  bool textOrEmpty(PropertyName name, std::string& value) const;
+  bool textOrEmpty(PropertyName name, std::string& value) const {
+    return readTextOrEmpty(node(name), value);
+  }
+
+  ItemReader structure(PropertyName name) const { return {node(name), nullptr}; }
+  ArrayReader array(PropertyName name) const { return ArrayReader(node(name)); }
 
  private:
-  bool simpleText(PropertyName name, std::string& value) const;
+  const XMP_Node* node(PropertyName name) const { return findProperty(metadata_, name); }
 
   const Metadata& metadata_;
 };
@@ -33,17 +39,17 @@ class PropertyWriter {
  public:
   explicit PropertyWriter(Metadata& metadata) : metadata_(metadata) {}
 
-  void text(PropertyName name, const std::string& value) const;
-  void integer(PropertyName name, std::int32_t value) const;
-  void real(PropertyName name, double value) const;
-  void boolean(PropertyName name, bool value) const;
-  void date(PropertyName name, const XMP_DateTime& value) const;
-  void remove(PropertyName name) const;
+  void text(PropertyPath name, const std::string& value) const;
+  void integer(PropertyPath name, std::int32_t value) const;
+  void real(PropertyPath name, double value) const;
+  void boolean(PropertyPath name, bool value) const;
+  void date(PropertyPath name, const XMP_DateTime& value) const;
+  void remove(PropertyPath name) const;
 
-  void emptyArray(PropertyName name, ArrayKind kind) const;
-  void emptyStructure(PropertyName name) const;
-  // A language alternative whose one item is `text`, in the default language. Bad text changes
-  // nothing.
+  void emptyArray(PropertyPath name, ArrayKind kind) const;
+  void emptyStructure(PropertyPath name) const;
+  // A language alternative whose one item is `text`, in the default language. What is refused, text
+  // or the form of the stored property, changes nothing.
   void defaultLanguage(PropertyName name, const std::string& text) const;
 
  private:

@@ -4,15 +4,16 @@
 #include "core/call_guard.h"
 #include "core/properties.h"
 
+using xmpl::ItemReader;
 using xmpl::Metadata;
 using xmpl::PropertyReader;
 using xmpl::PropertyWriter;
 
 bool XMPlib::GetBaseDoc(XMPlExtRef& base) const {
   return guarded([&](const Metadata& metadata) {
-    const PropertyReader properties(metadata);
-    return properties.text("vxPrF:DerivedFrom/stRef:instanceID", base.instanceID) &&
-           properties.text("vxPrF:DerivedFrom/stRef:renditionClass", base.renditionClass);
+    const ItemReader fields = PropertyReader(metadata).structure("vxPrF:DerivedFrom");
+    return fields.text("stRef:instanceID", base.instanceID) &&
+           fields.text("stRef:renditionClass", base.renditionClass);
   });
 }
 

@@ -2,7 +2,7 @@
 //   xmp:BaseURL       text
 //   xmp:CreateDate    text, a date
 //   xmp:CreatorTool   text
-//   xmp:Description   its default language; the toolkit keeps it as dc:description
+//   dc:description    its default language; xmp:Description is an alias of it
 //   xmp:MetadataDate  text, a date
 //   xmp:ModifyDate    text, a date
 // Document version: simple properties of the version structure's own namespace
@@ -27,8 +27,8 @@ using xmpl::writeThreeWayDate;
 void writeDescription(const PropertyWriter& properties, const std::string& description) {
   if (description.empty()) return;
   xmpl::refuseBadText(description.c_str());  // before the old one goes
-  properties.remove("xmp:Description");
-  if (description != xmpl::kErase) properties.defaultLanguage("xmp:Description", description);
+  properties.remove("dc:description");
+  if (description != xmpl::kErase) properties.defaultLanguage("dc:description", description);
 }
 
 }  // namespace
@@ -39,7 +39,7 @@ bool XMPlib::GetDocumentData(XMPlDocData& data) const {
     bool found = properties.textOrEmpty("xmp:BaseURL", data.baseURL);
     found |= properties.textOrEmpty("xmp:CreateDate", data.createDate);
     found |= properties.textOrEmpty("xmp:CreatorTool", data.creatorTool);
-    found |= properties.textOrEmpty("xmp:Description/*[@xml:lang='x-default']", data.description);
+    found |= properties.array("dc:description").defaultTextOrEmpty(data.description);
     found |= properties.textOrEmpty("xmp:MetadataDate", data.metadataDate);
     found |= properties.textOrEmpty("xmp:ModifyDate", data.modifyDate);
     return found;

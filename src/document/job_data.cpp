@@ -10,6 +10,7 @@
 #include "core/properties.h"
 #include "document/three_way.h"
 
+using xmpl::ItemReader;
 using xmpl::Metadata;
 using xmpl::PropertyReader;
 using xmpl::PropertyWriter;
@@ -19,9 +20,10 @@ using xmpl::writeThreeWay;
 bool XMPlib::GetJobData(XMPlJobData& job) const {
   return guarded([&](const Metadata& metadata) {
     const PropertyReader properties(metadata);
-    bool found = properties.textOrEmpty("xmpBJ:JobRef/*[last()]/stLoc:name", job.name);
-    found |= properties.textOrEmpty("xmpBJ:JobRef/*[last()]/stLoc:id", job.id);
-    found |= properties.textOrEmpty("xmpBJ:JobRef/*[last()]/stLoc:url", job.url);
+    const ItemReader last = properties.array("xmpBJ:JobRef").last();
+    bool found = last.textOrEmpty("stLoc:name", job.name);
+    found |= last.textOrEmpty("stLoc:id", job.id);
+    found |= last.textOrEmpty("stLoc:url", job.url);
     found |= properties.textOrEmpty("vxJob:description", job.description);
     found |= properties.textOrEmpty("vxJob:orderid", job.orderid);
     found |= properties.textOrEmpty("vxJob:suborderid", job.suborderid);

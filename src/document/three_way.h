@@ -10,7 +10,7 @@ namespace xmpl {
 
 inline constexpr const char* kErase = " ";
 
-inline void writeThreeWay(const PropertyWriter& properties, PropertyName name,
+inline void writeThreeWay(const PropertyWriter& properties, PropertyPath name,
                           const std::string& text) {
   if (text.empty()) return;
   if (text == kErase) {
@@ -21,7 +21,7 @@ inline void writeThreeWay(const PropertyWriter& properties, PropertyName name,
 }
 
 // As above; "now" is the date and time `now`.
-inline void writeThreeWayDate(const PropertyWriter& properties, PropertyName name,
+inline void writeThreeWayDate(const PropertyWriter& properties, PropertyPath name,
                               const std::string& text, const XMP_DateTime& now) {
   if (text == "now") {
     properties.date(name, now);

@@ -12,6 +12,7 @@
 #include <tuple>
 
 #include "XMPlib.h"
+#include "core/packet/limits.h"
 
 namespace {
 
@@ -103,10 +104,6 @@ void appendRuns(Group& group, std::vector<XMPlExtRef>& list) {
 
 // --- Expanding ----------------------------------------------------------------------------------
 
-// A run of this many files, or names of this many bytes in all, is no list but an attack.
-constexpr std::int64_t kMostFiles = 10'000'000;
-constexpr std::int64_t kMostBytes = std::int64_t{4} << 30;
-
 struct Run {
   std::string_view prefix;
   std::string_view extension;
@@ -115,9 +112,10 @@ struct Run {
   std::int64_t last;
 
   std::int64_t files() const { return std::max<std::int64_t>(last - first + 1, 0); }
-  std::int64_t bytes() const {
-    const std::size_t name = kFileScheme.size() + prefix.size() + width + extension.size();
-    return files() * static_cast<std::int64_t>(name);
+  std::size_t longestName() const {
+    const std::size_t digits =
+        std::max({width, std::to_string(first).size(), std::to_string(last).size()});
+    return kFileScheme.size() + prefix.size() + digits + extension.size();
   }
 };
 
@@ -150,17 +148,40 @@ Run parsedRun(std::string_view name) {
   return run;
 }
 
-void refuseTooMany(const std::vector<XMPlExtRef>& refs) {
-  std::int64_t files = 0;
-  std::int64_t bytes = 0;
+// What the elements of a stored reference take in packet text, in both layouts, with indentation.
+constexpr std::size_t kElementBytes = 512;
+
+// What `files` references like `ref`, under names of `name` bytes, take when they are stored. More
+// than a packet may hold is no list but an attack.
+std::uint64_t storedBytes(std::int64_t files, std::size_t name, const XMPlExtRef& ref) {
+  const std::uint64_t each =
+      kElementBytes + 2 * (name + ref.renditionClass.size()) + ref.type.size();
+  const auto count = static_cast<std::uint64_t>(files);
+  if (count > xmpl::limits::kTextBytes / each) return xmpl::limits::kTextBytes + 1;
+  return count * each;
+}
+
+// How many entries the list has when it is expanded. A list without runs is as long as it is.
+std::size_t expandedSize(const std::vector<XMPlExtRef>& refs) {
+  std::uint64_t bytes = 0;
+  std::int64_t entries = 0;
+  bool hasRuns = false;
   for (const XMPlExtRef& ref : refs) {
-    if (!isRun(ref.instanceID)) continue;
-    const Run run = parsedRun(ref.instanceID);
-    files += run.files();
-    if (files > kMostFiles) throw std::length_error("external references: too many files in runs");
-    bytes += run.bytes();
-    if (bytes > kMostBytes) throw std::length_error("external references: runs too large");
+    std::int64_t files = 1;
+    std::size_t name = ref.instanceID.size();
+    if (isRun(ref.instanceID)) {
+      const Run run = parsedRun(ref.instanceID);
+      hasRuns = true;
+      files = run.files();
+      name = run.longestName();
+    }
+    entries += files;
+    bytes += storedBytes(files, name, ref);
+    if (hasRuns && bytes > xmpl::limits::kTextBytes) {
+      throw std::length_error("external references: runs too long for a packet");
+    }
   }
+  return static_cast<std::size_t>(entries);
 }
 
 void appendFiles(const XMPlExtRef& ref, std::vector<XMPlExtRef>& list) {
@@ -199,8 +220,8 @@ std::vector<XMPlExtRef> XMPlib::SimplifyExtRefs(const std::vector<XMPlExtRef>& r
 }
 
 std::vector<XMPlExtRef> XMPlib::ExpandExtRefs(const std::vector<XMPlExtRef>& refs) const {
-  refuseTooMany(refs);
   std::vector<XMPlExtRef> list;
+  list.reserve(expandedSize(refs));
   for (const XMPlExtRef& ref : refs) {
     if (isRun(ref.instanceID)) {
       appendFiles(ref, list);

@@ -1,5 +1,5 @@
 // Reading by nodes answers exactly what reading by the toolkit's paths answers, errors included.
-#include "core/items.h"
+#include "core/properties.h"
 
 #include <gtest/gtest.h>
 
@@ -31,114 +31,193 @@ std::string valueOr(Value value, Get get) {
   }
 }
 
-const char* const kFields[] = {"vxFont:name", "vxFont:type", "vxInk:name"};
+using Names = std::vector<std::string>;
+const Names kFields = {"vxFont:name", "vxFont:type", "vxInk:name"};
 
-std::string byNodes(const Metadata& metadata, PropertyName array, std::size_t index,
-                    const char* field, int type) {
-  return answer([&] {
-    const ItemReader item = ArrayReader(metadata, array).item(index);
-    switch (type) {
-      case 0:
-        return valueOr(std::string(), [&](auto& v) { return item.text(field, v); });
-      case 1:
-        return valueOr(std::int32_t(), [&](auto& v) { return item.integer(field, v); });
-      case 2:
-        return valueOr(double(), [&](auto& v) { return item.real(field, v); });
-      default:
-        return valueOr(bool(), [&](auto& v) { return item.boolean(field, v); });
+// What reading in each of the four types yields; `read(value)` answers whether it is there.
+template <class Read>
+std::string answers(const Read& read) {
+  const auto typed = [&](auto value) { return answer([&] { return valueOr(value, read); }) + '|'; };
+  return typed(std::string()) + typed(std::int32_t()) + typed(0.0) + typed(false);
+}
+
+std::string byPath(const Metadata& metadata, const char* ns, const std::string& path) {
+  const char* const name = path.c_str();
+  return answers([&]<class Value>(Value& v) {
+    if constexpr (std::is_same_v<Value, std::string>) {
+      return metadata.GetProperty(ns, name, &v, nullptr);
+    } else if constexpr (std::is_same_v<Value, double>) {
+      return metadata.GetProperty_Float(ns, name, &v, nullptr);
+    } else if constexpr (std::is_same_v<Value, bool>) {
+      return metadata.GetProperty_Bool(ns, name, &v, nullptr);
+    } else {
+      return metadata.GetProperty_Int(ns, name, &v, nullptr);
     }
   });
 }
 
-std::string byPath(const Metadata& metadata, PropertyName array, std::size_t index,
-                   const char* field, int type) {
-  const std::string path = std::string(array.path) + "/*[" + std::to_string(index) + "]/" + field;
-  const char* ns = array.schema;
-  return answer([&] {
-    switch (type) {
-      case 0:
-        return valueOr(std::string(), [&](auto& v) {
-          return metadata.GetProperty(ns, path.c_str(), &v, nullptr);
-        });
-      case 1:
-        return valueOr(XMP_Int32(), [&](auto& v) {
-          return metadata.GetProperty_Int(ns, path.c_str(), &v, nullptr);
-        });
-      case 2:
-        return valueOr(double(), [&](auto& v) {
-          return metadata.GetProperty_Float(ns, path.c_str(), &v, nullptr);
-        });
-      default:
-        return valueOr(bool(), [&](auto& v) {
-          return metadata.GetProperty_Bool(ns, path.c_str(), &v, nullptr);
-        });
+// `reader` makes a PropertyReader or an ItemReader, `name` is what it reads.
+template <class Reader, class Name>
+std::string byNodes(const Reader& reader, Name name) {
+  return answers([&]<class Value>(Value& v) {
+    if constexpr (std::is_same_v<Value, std::string>) {
+      return reader().text(name, v);
+    } else if constexpr (std::is_same_v<Value, double>) {
+      return reader().real(name, v);
+    } else if constexpr (std::is_same_v<Value, bool>) {
+      return reader().boolean(name, v);
+    } else {
+      return reader().integer(name, v);
     }
   });
 }
 
+// A property in any shape, right or wrong, and damage that no packet brings.
 class OddTrees {
  public:
-  explicit OddTrees(unsigned seed) : random_(seed) {}
+  OddTrees(unsigned seed, Names fields) : random_(seed), fields_(std::move(fields)) {}
 
-  std::string property() {
-    const std::string name = "vxFontL:fonts";
+  std::string property(const std::string& name) {
     return "<" + name + content(3) + "</" + name + ">";
   }
 
- private:
+  void damage(Metadata& metadata, const char* schema, const std::string& name) {
+    const std::string places[] = {name, name + "[1]", name + "[last()]", name + "/" + fields_[0]};
+    const XMP_OptionBits forms[] = {0, kXMP_PropArrayIsAltText, kXMP_PropValueIsStruct};
+    try {
+      const std::string& place = places[pick(std::size(places))];
+      const XMP_OptionBits form = forms[pick(std::size(forms))];
+      metadata.SetProperty(schema, place.c_str(), form == 0 ? "5" : nullptr, form);
+      if (pick(2) == 0)
+        metadata.SetQualifier(schema, place.c_str(), kXMP_NS_XML, "lang", "x-DEFAULT");
+    } catch (const XMP_Error&) {  // a half-done refusal is damage too
+    }
+  }
+
   std::size_t pick(std::size_t count) { return random_() % count; }
 
+ private:
   // The rest of a start tag and the content: simple text, structure or array.
   std::string content(int depth) {
     static const char* const kTexts[] = {"",     "A",      "12",   " -7 ", "2.5",        "1e3",
                                          "True", "f",      "0x1F", "1,5",  "9999999999", "&amp;",
                                          "nan",  "\u00e9", "+3",   "yes",  "1"};
-    switch (depth == 0 ? 0 : pick(4)) {
+    static const char* const kLanguages[] = {"", "", " xml:lang='x-default'", " xml:lang='de'"};
+    const std::string language = kLanguages[pick(std::size(kLanguages))];
+    switch (depth == 0 ? 0 : pick(5)) {
       case 0:
-        return std::string(">") + kTexts[pick(std::size(kTexts))];
+        return language + ">" + kTexts[pick(std::size(kTexts))];
       case 1:
-        return " rdf:parseType='Resource'>" + structure(depth);
+        return language + " rdf:parseType='Resource'>" + structure(depth);
+      case 2:
+        return " rdf:parseType='Resource'><rdf:value" + content(depth - 1) +
+               "</rdf:value><dc:source>q</dc:source>";
       default:
-        return ">" + array(depth);
+        return language + ">" + array(depth);
     }
   }
   std::string structure(int depth) {
     std::string text;
-    for (const char* field : kFields) {
-      if (pick(3) != 0) text += "<" + std::string(field) + content(depth - 1) + "</" + field + ">";
+    for (const std::string& field : fields_) {
+      if (pick(3) != 0) text += "<" + field + content(depth - 1) + "</" + field + ">";
     }
     return text;
   }
   std::string array(int depth) {
-    const char* const kind = pick(2) == 0 ? "Bag" : "Seq";
-    std::string text = "<rdf:" + std::string(kind) + ">";
+    const char* const kinds[] = {"Bag", "Seq", "Alt"};
+    const std::string kind = kinds[pick(std::size(kinds))];
+    std::string text = "<rdf:" + kind + ">";
     for (std::size_t items = pick(4); items > 0; --items) {
-      text += pick(4) == 0 ? "<rdf:li" + content(depth - 1) + "</rdf:li>"
-                           : "<rdf:li rdf:parseType='Resource'>" + structure(depth) + "</rdf:li>";
+      text += pick(3) == 0   ? "<rdf:li" + content(depth - 1) + "</rdf:li>"
+              : pick(2) == 0 ? "<rdf:li xml:lang='x-default'>" + std::to_string(items) + "</rdf:li>"
+                             : "<rdf:li rdf:parseType='Resource'>" + structure(depth) + "</rdf:li>";
     }
     return text + "</rdf:" + kind + ">";
   }
 
   std::mt19937 random_;
+  Names fields_;
 };
+
+Metadata parsed(const std::string& properties) {
+  const XMPlib starter;  // the toolkit runs
+  const std::string text = packet(properties);
+  return Metadata(text.data(), static_cast<XMP_StringLen>(text.size()));
+}
+
+// An odd property of that name, read in two ways.
+template <class ByNodes, class ByPath>
+void expectSame(PropertyName name, const Names& fields, const ByNodes& byNodes,
+                const ByPath& byPath) {
+  for (unsigned seed = 0; seed < 2000; ++seed) {
+    OddTrees trees(seed, fields);
+    const std::string property = trees.pick(20) == 0 ? "" : trees.property(name.path);
+    Metadata metadata = parsed(property);
+    if (trees.pick(3) == 0) trees.damage(metadata, name.schema, name.path);
+    ASSERT_EQ(byNodes(metadata), byPath(metadata)) << property << seed;
+  }
+}
 
 }  // namespace
 
 TEST(Items, ReadAsTheToolkitReadsByPath) {
   constexpr PropertyName kArray = "vxFontL:fonts";
   for (unsigned seed = 0; seed < 2000; ++seed) {
-    const std::string property = OddTrees(seed).property();
-    const std::string text = packet(property);
-    XMPlib starter;  // the toolkit runs
-    Metadata metadata(text.data(), static_cast<XMP_StringLen>(text.size()));
+    const std::string property = OddTrees(seed, kFields).property(kArray.path);
+    const Metadata metadata = parsed(property);
     for (std::size_t index = 1; index <= 4; ++index) {
-      for (const char* field : kFields) {
-        for (int type = 0; type < 4; ++type) {
-          ASSERT_EQ(byNodes(metadata, kArray, index, field, type),
-                    byPath(metadata, kArray, index, field, type))
-              << property << index << field << type;
-        }
+      for (const std::string& field : kFields) {
+        const std::string path = "/*[" + std::to_string(index) + "]/" + field;
+        ASSERT_EQ(byNodes([&] { return ArrayReader(metadata, kArray).item(index); }, field),
+                  byPath(metadata, kArray.schema, kArray.path + path))
+            << property << index << field;
       }
     }
   }
+}
+
+TEST(Properties, ReadAsTheToolkitReadsByPath) {
+  constexpr PropertyName kPages = "vxGr:nrpages";
+  expectSame(
+      kPages, kFields,
+      [&](const Metadata& m) { return byNodes([&] { return PropertyReader(m); }, kPages); },
+      [&](const Metadata& m) { return byPath(m, kPages.schema, kPages.path); });
+  constexpr PropertyName kBase = "vxPrF:DerivedFrom";
+  const std::string id = "stRef:instanceID";
+  expectSame(
+      kBase, {id, "stRef:renditionClass"},
+      [&](const Metadata& m) {
+        return byNodes([&] { return PropertyReader(m).structure(kBase); }, id);
+      },
+      [&](const Metadata& m) { return byPath(m, kBase.schema, kBase.path + ("/" + id)); });
+  constexpr PropertyName kJobs = "xmpBJ:JobRef";
+  const std::string name = "stLoc:name";
+  expectSame(
+      kJobs, {name, "stLoc:id"},
+      [&](const Metadata& m) {
+        return byNodes([&] { return PropertyReader(m).array(kJobs).last(); }, name);
+      },
+      [&](const Metadata& m) {
+        return byPath(m, kJobs.schema, kJobs.path + ("/*[last()]/" + name));
+      });
+}
+
+TEST(DefaultLanguage, IsReadAsTheToolkitReadsItByAliasAndPath) {
+  constexpr PropertyName kDescription = "dc:description";
+  const auto text = [](const auto& read) {
+    return answer([&] { return valueOr(std::string(), read); });
+  };
+  expectSame(
+      kDescription, {"dc:source", "dc:type"},
+      [&](const Metadata& m) {
+        return text([&](std::string& value) {
+          return PropertyReader(m).array(kDescription).defaultTextOrEmpty(value);
+        });
+      },
+      [&](const Metadata& m) {
+        return text([&](std::string& value) {
+          return m.GetProperty(kXMP_NS_XMP, "xmp:Description/*[@xml:lang='x-default']", &value,
+                               nullptr);
+        });
+      });
 }

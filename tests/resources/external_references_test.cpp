@@ -158,11 +158,32 @@ TEST(Expansion, ThrowsForRunsThatCannotBeReadOrAreTooLong) {
     EXPECT_EQ(thrown(row), "bad extref");
   }
   for (const std::string& row :
-       {std::string("a files:a*#1-10000001"), std::string("files:a*#2147483648-2147483647"),
-        std::string("files:a*#1-6000000 files:b*#1-4000001"),
-        "files:" + std::string(500, 'a') + "*#1-9999999"}) {
+       {std::string("a files:a*#1-600000"), std::string("files:a*#2147483648-2147483647"),
+        std::string("files:a*#1-300000 files:b*#1-300000"),
+        "files:" + std::string(500, 'a') + "*#1-200000",
+        "files:a*#1-200000," + std::string(500, 'r') + ",0,image,1"}) {
     EXPECT_EQ(thrown(row), "too long");
   }
+}
+
+// What can be expanded can be stored one by one, in both layouts, and read again.
+TEST(Expansion, EndsWhereAPacketWould) {
+  const auto expands = [](const Refs& list) {
+    try {
+      return !XMPlib().ExpandExtRefs(list).empty();
+    } catch (const std::length_error&) {
+      return false;
+    }
+  };
+  const std::string large(1 << 20, 'r');
+  Refs list = refs("files:a*#1-100 b");
+  list[0].renditionClass = large;
+  EXPECT_TRUE(expands(list));
+  list[1].type = std::string(60 << 20, 't');  // 100 classes, twice each, and this
+  EXPECT_FALSE(expands(list));
+  list[0].instanceID = "files:a*#1-130";
+  list[1].type.clear();
+  EXPECT_FALSE(expands(list));
 }
 
 TEST(MergedReferences, AddUpTheCountsOfFirstMatches) {

@@ -3,6 +3,7 @@
 
 #include "XMPlib.h"
 #include "core/packet/load.h"
+#include "core/packet/writer.h"
 #include "core/toolkit/client.h"
 
 bool XMPlib::SetXML(const std::string& text) {
@@ -20,7 +21,11 @@ const std::string& XMPlib::serialise(unsigned int options, int padding) const {
   xml.clear();
   if (meta == nullptr) return xml;
   try {
-    meta->SerializeToBuffer(&xml, options, static_cast<XMP_StringLen>(padding), "", "", 0);
+    if (options == kXMP_OmitPacketWrapper) {
+      xmpl::writePacket(*meta, xml);
+    } else {
+      xmpl::writeWrapped(*meta, static_cast<XMP_StringLen>(padding), xml);
+    }
   } catch (const XMP_Error& error) {
     errStr = xmpl::messageOf(error);
   }

@@ -5,6 +5,7 @@
 // - shows every event to the observer of the parse first;
 // - joins the pieces in which expat hands out a text, a line or a reference each: the toolkit makes
 //   a node of each piece, of 200 bytes;
+// - refuses to go on without a parser;
 // - notes where a parse has ended.
 #pragma once
 
@@ -12,6 +13,7 @@
 
 #include <cstring>
 #include <exception>
+#include <new>
 #include <string>
 
 #include "core/toolkit/parse_failure.h"
@@ -43,6 +45,13 @@ struct ExpatFence {
     }
   }
 };
+
+// The toolkit would report that there is none to a callback that it has not got yet, and go on.
+inline XML_Parser newParser(const char* encoding, char separator) {
+  XML_Parser parser = XML_ParserCreateNS(encoding, separator);
+  if (parser == nullptr) throw std::bad_alloc();
+  return parser;
+}
 
 inline XML_Status fencedParse(XML_Parser parser, const char* text, int length, int isFinal) {
   ExpatFence fence{parser, nullptr};
@@ -146,6 +155,7 @@ struct FencedDoctype {
 
 }  // namespace xmpl
 
+#define XML_ParserCreateNS(encoding, separator) xmpl::newParser(encoding, separator)
 #define XML_Parse(parser, text, length, isFinal) xmpl::fencedParse(parser, text, length, isFinal)
 #define XML_SetNamespaceDeclHandler(parser, start, end)                     \
   XML_SetNamespaceDeclHandler(parser, xmpl::FencedDeclaration<start>::call, \

@@ -38,6 +38,38 @@ const XMP_Node* qualifierNamed(const XMP_Node& node, std::string_view name) {
   return found == node.qualifiers.end() ? nullptr : *found;
 }
 
+void refuseNonArray(const XMP_Node& node) {
+  if ((node.options & kXMP_PropValueIsArray) != 0) return;
+  throw XMP_Error(kXMPErr_BadXPath, "Indexing applied to non-array");
+}
+
+// The toolkit keeps the language in front of the other qualifiers.
+bool isDefaultText(const XMP_Node* item) {
+  return !item->qualifiers.empty() && item->qualifiers.front()->name == "xml:lang" &&
+         item->qualifiers.front()->value == "x-default";
+}
+
+// What the toolkit would throw for an array in the place of `node`, but before it spoils the node.
+void refuseToBecomeArray(const XMP_Node& node) {
+  if (!node.value.empty()) {
+    throw XMP_Error(kXMPErr_BadXPath, "Composite nodes can't have values");
+  }
+  if ((node.options & kXMP_PropValueIsStruct) != 0) {
+    throw XMP_Error(kXMPErr_BadXPath, "Requested and existing composite form mismatch");
+  }
+}
+
+OwnedNode newDefaultText(const char* text) {
+  OwnedNode item(new XMP_Node(nullptr, kXMP_ArrayItemName, XMP_OptionBits{0}));
+  setText(*item, text);
+  auto language = std::make_unique<XMP_Node>(item.get(), "xml:lang", "x-default",
+                                             XMP_OptionBits{kXMP_PropIsQualifier});
+  item->qualifiers.push_back(language.get());
+  language.release();
+  item->options |= kXMP_PropHasQualifiers | kXMP_PropHasLang;
+  return item;
+}
+
 // One walk through the stored nodes and their rewritten likes.
 class DroppedNodes {
  public:
@@ -101,10 +133,31 @@ const XMP_Node* findField(const XMP_Node& structure, std::string_view name) {
 }
 
 const XMP_Node* findItem(const XMP_Node& array, std::size_t index) {
-  if ((array.options & kXMP_PropValueIsArray) == 0) {
-    throw XMP_Error(kXMPErr_BadXPath, "Indexing applied to non-array");
-  }
-  return index <= array.children.size() ? array.children[index - 1] : nullptr;
+  refuseNonArray(array);
+  return index - 1 < array.children.size() ? array.children[index - 1] : nullptr;
+}
+
+const XMP_Node* findDefaultText(const XMP_Node& array) {
+  refuseNonArray(array);
+  const auto found = std::find_if(array.children.begin(), array.children.end(), isDefaultText);
+  return found == array.children.end() ? nullptr : *found;
+}
+
+std::size_t propertyCount(const Metadata& metadata, std::string_view schemaUri) {
+  const XMP_Node* schema = childNamed(rootOf(metadata), schemaUri);
+  return schema == nullptr ? 0 : schema->children.size();
+}
+
+void swapTrees(Metadata& a, Metadata& b) {
+  XMP_Node& first = insideOf(a).tree;
+  XMP_Node& second = insideOf(b).tree;
+  std::swap(first.options, second.options);
+  first.name.swap(second.name);
+  first.value.swap(second.value);
+  first.children.swap(second.children);
+  first.qualifiers.swap(second.qualifiers);
+  for (XMP_Node* schema : first.children) schema->parent = &first;
+  for (XMP_Node* schema : second.children) schema->parent = &second;
 }
 
 std::size_t itemCount(const XMP_Node& array) {
@@ -129,6 +182,15 @@ XMP_Node& recreateArray(Metadata& metadata, PropertyName name, ArrayKind kind) {
   metadata.DeleteProperty(name.schema, name.path);
   metadata.SetProperty(name.schema, name.path, nullptr, static_cast<XMP_OptionBits>(kind));
   return const_cast<XMP_Node&>(*findProperty(metadata, name));  // NOLINT: metadata is not const
+}
+
+void setDefaultLanguage(Metadata& metadata, PropertyName name, const char* text) {
+  OwnedNode item = newDefaultText(text);
+  if (const XMP_Node* existing = findProperty(metadata, name)) refuseToBecomeArray(*existing);
+  metadata.SetProperty(name.schema, name.path, nullptr, kXMP_PropArrayIsAltText);
+  auto& array = const_cast<XMP_Node&>(*findProperty(metadata, name));  // NOLINT: as above
+  array.children.push_back(item.get());
+  item.release()->parent = &array;
 }
 
 XMP_Node& appendItem(XMP_Node& array) { return append(array, kXMP_ArrayItemName); }
