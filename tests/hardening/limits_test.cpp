@@ -118,6 +118,10 @@ TEST(Limits, HoldForWhatWouldBeSavedToo) {
   EXPECT_EQ(errorOf(described(structures(123, "<dc:s dc:a='1'/>"))), "");
   EXPECT_EQ(errorOf(described(structures(124, "<dc:s dc:a='1'/>"))),  // saved one level deeper
             "more than 128 levels of elements when saved");
+  EXPECT_EQ(
+      errorOf(described("<dc:s><rdf:Description><rdf:value>1</rdf:value><rdf:value>2</rdf:value>"
+                        "</rdf:Description></dc:s>")),
+      "more than one rdf:value of one property");
 }
 
 TEST(Limits, SayWhere) {
@@ -129,6 +133,10 @@ TEST(Limits, SayWhere) {
   EXPECT_EQ(xmp.ErrStr(), "Packet refused at line 2, column 12: DOCTYPE is not allowed");
   xmp.SetXML(rdf("\n<rdf:Description rdf:about='' dc:" + std::string(257, 'n') + "=''/>"));
   EXPECT_EQ(xmp.ErrStr(), "Packet refused at line 2, column 1: a name of more than 256 bytes");
+  for (const auto& wrap : {described, oddly}) {  // what is seen at the end has no place
+    xmp.SetXML(wrap(structures(124, "<dc:s dc:a='1'/>")));
+    EXPECT_EQ(xmp.ErrStr(), "Packet refused: more than 128 levels of elements when saved");
+  }
 }
 
 TEST(Limits, TheLibrarysOwnPropertiesDoNotCount) {

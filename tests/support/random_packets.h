@@ -2,13 +2,22 @@
 #pragma once
 
 #include <cstddef>
+#include <functional>
 #include <initializer_list>
 #include <random>
 #include <string>
+#include <utility>
 
 class RandomPackets {
  public:
-  explicit RandomPackets(unsigned seed) : random_(seed) {}
+  // Where chance comes from: a number below the limit.
+  using Numbers = std::function<unsigned(unsigned limit)>;
+
+  explicit RandomPackets(Numbers below) : below_(std::move(below)) {}
+  explicit RandomPackets(unsigned seed)
+      : below_([random = std::mt19937(seed)](unsigned limit) mutable {
+          return static_cast<unsigned>(random() % limit);
+        }) {}
 
   std::string next() {
     std::string text =
@@ -25,10 +34,10 @@ class RandomPackets {
   }
 
  private:
-  unsigned below(unsigned limit) { return static_cast<unsigned>(random_() % limit); }
+  unsigned below(std::size_t limit) { return below_(static_cast<unsigned>(limit)); }
 
   std::string oneOf(std::initializer_list<const char*> texts) {
-    return *(texts.begin() + below(static_cast<unsigned>(texts.size())));
+    return *(texts.begin() + below(texts.size()));
   }
 
   std::string blank() { return oneOf({"", "\n", " \n  ", "\t"}); }
@@ -160,21 +169,21 @@ class RandomPackets {
   }
 
   void damage(std::string& text) {
-    const std::size_t at = random_() % text.size();
+    const std::size_t at = below(text.size());
     switch (below(4)) {
       case 0:
         text.erase(at, below(8) + 1);
         break;
       case 1:
-        text.insert(at, text.substr(random_() % text.size(), below(12)));
+        text.insert(at, text.substr(below(text.size()), below(12)));
         break;
       case 2:
-        text[at] = static_cast<char>(random_());
+        text[at] = static_cast<char>(below(256));
         break;
       default:
         text[at] = "<>&'\"/:= "[below(9)];
     }
   }
 
-  std::mt19937 random_;
+  Numbers below_;
 };

@@ -29,7 +29,7 @@ bool isEightBit(std::string_view text) {
 constexpr std::array<bool, 256> kOdd = [] {
   std::array<bool, 256> odd{};
   for (std::size_t c = 0; c < odd.size(); ++c) odd[c] = c < 0x20 || c >= 0x7F;
-  for (const unsigned char c : {'\n', '\t', '\r'}) odd[c] = false;
+  for (const char c : {'\n', '\t', '\r'}) odd[static_cast<unsigned char>(c)] = false;
   odd['&'] = true;
   return odd;
 }();

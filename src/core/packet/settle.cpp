@@ -17,11 +17,20 @@ bool isAttributeQualifier(const XMP_Node& qualifier) {
   return std::find(std::begin(kNames), std::end(kNames), qualifier.name) != std::end(kNames);
 }
 
+// The toolkit makes a qualifier of it: saved, the two would change places at every load.
+void refuseSecondValue(const XMP_Node& node) {
+  const auto isValue = [](const XMP_Node* qualifier) { return qualifier->name == "rdf:value"; };
+  if (std::any_of(node.qualifiers.begin(), node.qualifiers.end(), isValue)) {
+    throw PacketRefused("more than one rdf:value of one property");
+  }
+}
+
 // Levels of elements of a node as it is saved, itself included.
 std::size_t savedLevels(const XMP_Node& node) {
   if (node.qualifiers.size() > limits::kNamedChildren) {
     throw PacketRefused("more than 2,048 qualifiers of one value");
   }
+  refuseSecondValue(node);
   std::size_t inner = 0;
   for (const XMP_Node* child : node.children) inner = std::max(inner, savedLevels(*child));
   std::size_t levels = 1 + inner;

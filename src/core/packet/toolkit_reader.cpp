@@ -8,6 +8,7 @@
 #include "core/packet/packet_guard.h"
 #include "core/packet/settle.h"
 #include "core/toolkit/nodes.h"
+#include "core/toolkit/parse_failure.h"
 #include "core/toolkit/parse_observer.h"
 #include "core/toolkit/quick_search.h"
 
@@ -81,6 +82,7 @@ void feedAsDeclared(std::string_view text, XMPMeta& metadata) {
 }  // namespace
 
 void readByToolkit(const PacketText& packet, Metadata& metadata) {
+  lastParseFailure() = {};  // where the plain reader has given up is no failure
   XMPMeta& inside = insideOf(metadata);
   ToolkitEvents events;
   const ObservedParse observed(events);

@@ -7,71 +7,18 @@
 #include <fstream>
 #include <iterator>
 
-#include "core/packet/packet_guard.h"
-#include "core/packet/toolkit_reader.h"
-#include "core/toolkit/nodes.h"
-#include "core/toolkit/parse_failure.h"
 #include "support/packets.h"
 #include "support/random_packets.h"
+#include "support/readings.h"
 
 using namespace xmpl;
 
 namespace {
 
-void dump(const XMP_Node& node, std::string& text) {
-  text += node.name + "=" + node.value + "#" + std::to_string(node.options) + "{";
-  for (const XMP_Node* child : node.children) {
-    EXPECT_EQ(child->parent, &node);
-    dump(*child, text);
-  }
-  text += "|";
-  for (const XMP_Node* qualifier : node.qualifiers) dump(*qualifier, text);
-  text += "}";
-}
-
-std::string treeOf(const Metadata& metadata) {
-  std::string text;
-  dump(insideOf(metadata).tree, text);
-  return text;
-}
-
-bool refuseToRecover(void*, XMP_ErrorSeverity, XMP_Int32, XMP_StringPtr) { return false; }
-
-// The tree that `read` makes, or what it throws.
-template <class Read>
-std::string outcome(const Read& read) {
-  Metadata metadata;
-  metadata.SetErrorCallback(refuseToRecover);
-  try {
-    return read(metadata) ? treeOf(metadata) : "not plain";
-  } catch (const XMP_Error& error) {
-    return "error: " + messageOf(error);
-  } catch (const PacketRefused& refusal) {
-    return "refused: " + std::string(refusal.what()) + std::to_string(lastParseFailure().line) +
-           "," + std::to_string(lastParseFailure().column);
-  }
-}
-
 // The first handle starts the toolkit.
 const XMPlib kStart;  // NOLINT(cert-err58-cpp)
 
-std::string plainOutcome(const PacketText& text) {
-  return outcome([&](Metadata& metadata) { return readPlain(text.view(), metadata); });
-}
-
-std::string toolkitOutcome(const PacketText& text) {
-  return outcome([&](Metadata& metadata) {
-    readByToolkit(text, metadata);
-    return true;
-  });
-}
-
-std::string unguardedOutcome(const std::string& packet) {
-  return outcome([&](Metadata& metadata) {
-    metadata.ParseFromBuffer(packet.data(), static_cast<XMP_StringLen>(packet.size()), 0);
-    return true;
-  });
-}
+using End = Reading::End;
 
 // Every packet in a file.
 std::vector<std::string> packetsIn(const std::filesystem::path& path) {
@@ -100,15 +47,16 @@ TEST(PlainReader, ReadsWhatTheToolkitReads) {
     } catch (const PacketRefused&) {  // an encoding
       continue;
     }
-    const std::string byPlain = plainOutcome(*text);
-    const std::string byToolkit = toolkitOutcome(*text);
-    if (byPlain != "not plain") {
+    Metadata first, second, third;
+    const Reading byPlain = plainReading(*text, first);
+    const Reading byToolkit = toolkitReading(*text, second);
+    if (byPlain.end != End::notPlain) {
       ++plain;
       ASSERT_EQ(byPlain, byToolkit) << packet;
     }
-    if (text->isAsDeclared() || byToolkit.starts_with("refused")) continue;
-    ASSERT_EQ(byToolkit, unguardedOutcome(packet)) << packet;
-    if (byToolkit.starts_with("error")) ++errors;
+    if (text->isAsDeclared() || byToolkit.end == End::refused) continue;
+    ASSERT_EQ(byToolkit, unguardedReading(packet, third)) << packet;
+    if (byToolkit.end == End::error) ++errors;
   }
   EXPECT_GT(plain, kPackets / 10);
   EXPECT_GT(errors, kPackets / 10);
@@ -131,7 +79,9 @@ TEST(PlainReader, TakesWhatRealPacketsHold) {
       "</vxPagL:pagelist>",
   };
   for (const char* properties : kProperties) {
-    EXPECT_NE(plainOutcome(PacketText(packet(properties))), "not plain") << properties;
+    const std::string text = packet(properties);
+    Metadata metadata;
+    EXPECT_EQ(plainReading(PacketText(text), metadata).end, End::read) << properties;
   }
 }
 
@@ -142,18 +92,15 @@ TEST(PlainReader, TakesMostOfTheSamples) {
     if (!file.is_regular_file()) continue;
     for (const std::string& packet : packetsIn(file.path())) {
       const PacketText text(packet);
-      const std::string byPlain = plainOutcome(text);
+      Metadata first, second;
+      const Reading byPlain = plainReading(text, first);
       ++all;
-      if (byPlain == "not plain") {
-        if (getenv("SHOW")) fprintf(stderr, "%s\n", file.path().c_str());
-        continue;
-      }
+      if (byPlain.end == End::notPlain) continue;
       ++plain;
-      EXPECT_EQ(byPlain, toolkitOutcome(text)) << file.path();
+      EXPECT_EQ(byPlain, toolkitReading(text, second)) << file.path();
     }
   }
   RecordProperty("plain", plain);
   RecordProperty("all", all);
-  if (getenv("SHOW")) fprintf(stderr, "%d of %d\n", plain, all);
   EXPECT_GT(plain * 10, all * 9);
 }
