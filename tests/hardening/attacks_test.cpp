@@ -83,9 +83,12 @@ TEST(Attacks, AboutIsSavedEscaped) {
 TEST(Attacks, ARefusedPacketLeavesNothing) {
   const char* const kContents[] = {
       "<atk:p>1</atk:p><atk:p>2</atk:p>",
-      "<atk:p rdf:parseType='Resource'><rdf:value>v</rdf:value><atk:q>1</atk:q><atk:q>2</atk:q></atk:p>",
-      "<atk:p xml:lang='de' rdf:parseType='Resource'><rdf:value xml:lang='en'>v</rdf:value></atk:p>",
-      "<atk:p rdf:parseType='Resource'><rdf:value atk:q='1' rdf:value='v'/><atk:q>2</atk:q></atk:p>",
+      "<atk:p "
+      "rdf:parseType='Resource'><rdf:value>v</rdf:value><atk:q>1</atk:q><atk:q>2</atk:q></atk:p>",
+      "<atk:p xml:lang='de' rdf:parseType='Resource'><rdf:value "
+      "xml:lang='en'>v</rdf:value></atk:p>",
+      "<atk:p rdf:parseType='Resource'><rdf:value atk:q='1' "
+      "rdf:value='v'/><atk:q>2</atk:q></atk:p>",
       "<atk:s rdf:parseType='Resource'><atk:p>1</atk:p>mixed</atk:s>",
       "<atk:p>1</atk:p><atk:q rdf:parseType='Literal'>x</atk:q>",
   };
@@ -129,8 +132,8 @@ TEST(Attacks, NothingUnderAnAliasIsLost) {
     EXPECT_EQ(data.description, "A barn");
 
     XMPlib structured;
-    structured.SetXML(described("<pdf:Title rdf:parseType='Resource'><atk:f>kept</atk:f></pdf:Title>" +
-                                std::string(odd)));
+    structured.SetXML(described(
+        "<pdf:Title rdf:parseType='Resource'><atk:f>kept</atk:f></pdf:Title>" + std::string(odd)));
     expectToSurviveATrip(structured);
     EXPECT_NE(stored(structured).find("<atk:f>kept</atk:f>"), std::string::npos);
   }
@@ -166,9 +169,10 @@ TEST(Attacks, SetsLeaveWhatCanBeSaved) {
 
 TEST(Attacks, MergesLeaveWhatCanBeSaved) {
   XMPlib alternative, bag;
-  alternative.SetXML(described("<atk:p><rdf:Alt><rdf:li xml:lang='de'>d</rdf:li></rdf:Alt></atk:p>"));
-  bag.SetXML(
-      described("<atk:p><rdf:Bag><rdf:li>1</rdf:li><rdf:li>2</rdf:li></rdf:Bag></atk:p><atk:q>3</atk:q>"));
+  alternative.SetXML(
+      described("<atk:p><rdf:Alt><rdf:li xml:lang='de'>d</rdf:li></rdf:Alt></atk:p>"));
+  bag.SetXML(described(
+      "<atk:p><rdf:Bag><rdf:li>1</rdf:li><rdf:li>2</rdf:li></rdf:Bag></atk:p><atk:q>3</atk:q>"));
   const std::string before = stored(alternative);
   EXPECT_THROW(alternative.MergeNonOrvo(&bag), XMP_Error);
   EXPECT_EQ(stored(alternative), before);
@@ -204,8 +208,10 @@ TEST(Attacks, LoadInTimeInStepWithTheText) {
     return numbered(kBytes / text.size(), [&](const std::string&) { return text; });
   };
   const std::pair<const char*, std::string> kPackets[] = {
-      {"structures", described(odd + "<atk:l><rdf:Bag>" + repeated(structure) + "</rdf:Bag></atk:l>")},
-      {"qualifiers", described(odd + "<atk:l><rdf:Bag>" + repeated(qualified) + "</rdf:Bag></atk:l>")},
+      {"structures",
+       described(odd + "<atk:l><rdf:Bag>" + repeated(structure) + "</rdf:Bag></atk:l>")},
+      {"qualifiers",
+       described(odd + "<atk:l><rdf:Bag>" + repeated(qualified) + "</rdf:Bag></atk:l>")},
       {"too many", described(odd + fields(kBytes / 10))},
       {"lines", described(odd + "<atk:p>" + std::string(kBytes, '\n') + "</atk:p>")},
       {"controls", described("<atk:p atk:q='" + std::string(kBytes, '\x01') + "'/>")},

@@ -121,7 +121,7 @@ TEST(Limits, HoldForWhatWouldBeSavedToo) {
   EXPECT_EQ(
       errorOf(described("<dc:s><rdf:Description><rdf:value>1</rdf:value><rdf:value>2</rdf:value>"
                         "</rdf:Description></dc:s>")),
-      "more than one rdf:value of one property");
+      "two rdf:value of one value when saved");
 }
 
 TEST(Limits, SayWhere) {

@@ -5,26 +5,18 @@
 #include "core/toolkit/tree.h"
 
 namespace xmpl {
-namespace {
-
-// Writing settles language alternatives, so it has a copy of its own.
-std::string saved(const Metadata& metadata) {
-  const Metadata settled = metadata.Clone();
-  std::string text;
-  writePacket(settled, text);
-  return text;
-}
-
-}  // namespace
 
 void Draft::commit() {
-  saved(copy_);
+  requireSavable(copy_);
   swapTrees(original_, copy_);
 }
 
 void Draft::commitIfLoadable() {
+  const Metadata settled = copy_.Clone();
+  std::string text;
+  writePacket(settled, text);
   Metadata loaded;
-  const std::string fault = loadPacket(saved(copy_), loaded);
+  const std::string fault = loadPacket(text, loaded);
   if (!fault.empty()) throw XMP_Error(kXMPErr_BadXMP, fault.c_str());
   swapTrees(original_, copy_);
 }

@@ -295,7 +295,7 @@ bool readPlain(std::string_view packet, Metadata& metadata) {
     if (parseXml(packet, reader)) {
       settle(inside);
       // A plain packet's element is saved as two at most.
-      if (reader.deepest() * 2 > limits::kElementDepth) refuseUnsavable(inside.tree);
+      if (reader.deepest() * 2 > limits::kElementDepth) refuseUnsavable(metadata);
       return true;
     }
   } catch (const NotPlain&) {

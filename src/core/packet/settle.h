@@ -1,10 +1,9 @@
 // What follows the reading of a packet's RDF.
 #pragma once
 
-#include <cstddef>
+#include "core/toolkit/client.h"
 
 class XMPMeta;
-class XMP_Node;
 
 namespace xmpl {
 
@@ -12,8 +11,8 @@ namespace xmpl {
 // Dublin Core, aliases, old data models.
 void settle(XMPMeta& metadata);
 
-// Throws PacketRefused for a tree that would be saved as a packet that a load refuses: an attribute
-// may come out as an element, and qualifiers of several elements may gather on one.
-void refuseUnsavable(const XMP_Node& tree);
+// Throws PacketRefused for what was read and could not be saved: an attribute may come out as an
+// element, qualifiers of several elements may gather on one, and more.
+void refuseUnsavable(const Metadata& metadata);
 
 }  // namespace xmpl

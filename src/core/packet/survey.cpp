@@ -94,7 +94,10 @@ class Surveyor {
   // Deliberate: of an attribute the toolkit declares what is in it, though it does not write it.
   void qualifier(const XMP_Node& qualifier, std::size_t depth) {
     if (!isAttributeQualifier(qualifier.name)) {
-      if (qualifier.name != "rdf:value") names_.use(qualifier.name);
+      // A load makes one of the second rdf:value of a property, and swaps the two at every trip.
+      if (qualifier.name == "rdf:value")
+        refuseToWrite("Packet not written: two rdf:value of one value");
+      names_.use(qualifier.name);
     } else if (qualifier.children.empty() && qualifier.qualifiers.empty()) {
       bytes_ += qualifier.name.size() + qualifier.value.size() + kTagBytes;
       return;

@@ -92,7 +92,7 @@ void readByToolkit(const PacketText& packet, Metadata& metadata) {
   } else {
     inside.ParseFromBuffer(text.data(), static_cast<XMP_StringLen>(text.size()), 0);
   }
-  refuseUnsavable(inside.tree);
+  refuseUnsavable(metadata);  // it reads more than can be written
 }
 
 }  // namespace xmpl

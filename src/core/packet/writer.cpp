@@ -113,6 +113,12 @@ void writePacket(const Metadata& metadata, std::string& text) {
   });
 }
 
+void requireSavable(const Metadata& metadata) {
+  const Metadata copy = metadata.Clone();  // writing settles language alternatives
+  std::string text;
+  writePacket(copy, text);
+}
+
 void writeWrapped(const Metadata& metadata, XMP_StringLen padding, std::string& text) {
   constexpr XMP_StringLen kDefaultPadding = 2048;
   emptyOnFailure(text, [&] {

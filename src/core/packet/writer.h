@@ -18,4 +18,7 @@ void writePacket(const Metadata& metadata, std::string& text);
 // With a packet's wrapper, and blanks behind the element: `padding` bytes, 2,048 for 0.
 void writeWrapped(const Metadata& metadata, XMP_StringLen padding, std::string& text);
 
+// Throws what writing the metadata would, and changes nothing.
+void requireSavable(const Metadata& metadata);
+
 }  // namespace xmpl

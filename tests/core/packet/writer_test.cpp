@@ -150,12 +150,12 @@ class RandomTree {
   }
 
   void addQualifiers(XMP_Node& node, int depth) {
-    constexpr const char* kOdd[] = {"rdf:resource", "rdf:nodeID", "rdf:bagID",
-                                    "rdf:about",    "rdf:value",  "rdf:li"};
+    constexpr const char* kOdd[] = {"rdf:resource", "rdf:nodeID", "rdf:bagID", "rdf:about",
+                                    "rdf:li"};
     if (below(2) == 0) qualify(node, "xml:lang", "x-default");
     if (below(8) == 0) qualify(node, "rdf:type", value()).options |= kXMP_PropValueIsURI;
     if (below(20) == 0) qualify(node, "rdf:ID", "a");
-    if (below(10) == 0) qualify(node, kOdd[below(6)], "u?a&b");
+    if (below(10) == 0) qualify(node, kOdd[below(5)], "u?a&b");
     if (below(2) == 0) fillNode(qualify(node, "stRef:q", ""), depth + 1);
     if (below(6) == 0) fillNode(qualify(node, "xmpMM:r", ""), depth + 1);
   }
