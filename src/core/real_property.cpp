@@ -23,9 +23,12 @@ bool isPlainName(std::string_view name) {
 }
 
 // Whether setting the property cannot make the metadata unfit to be saved. A name that is no XML
-// name the toolkit refuses itself, but for characters outside ASCII.
+// name the toolkit refuses itself, but for characters outside ASCII. Names of RDF and XML may say
+// how a packet is written.
 bool isHarmless(const Metadata& metadata, const char* schema, const char* name) {
   if (schema == nullptr || name == nullptr) return true;  // the toolkit's error
+  const std::string_view uri(schema);
+  if (uri == kXMP_NS_RDF || uri == kXMP_NS_XML) return false;
   const std::size_t properties = xmpl::propertyCount(metadata, schema);
   return isPlainName(name) && properties > 0 && properties < xmpl::limits::kNamedChildren;
 }
