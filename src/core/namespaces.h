@@ -104,6 +104,11 @@ struct PropertyPath {
   consteval PropertyPath(const char* name)  // NOLINT(google-explicit-constructor): reads as text
       : schema(namespaceUri(std::string_view(name, std::string_view(name).find(':')))),
         path(ownName(name)) {}
+
+ private:
+  friend struct PropertyName;
+  constexpr PropertyPath(const char* checkedSchema, const char* checkedPath)
+      : schema(checkedSchema), path(checkedPath) {}
 };
 
 // The toolkit keeps these under other names; a path finds them there.
@@ -121,10 +126,16 @@ consteval const char* plainName(const char* name) {
   return name;
 }
 
-// A top-level property that stands in the toolkit's tree under this very name.
-struct PropertyName : PropertyPath {
+// A top-level property that stands in the toolkit's tree under this very name. Deliberate:
+// PropertyPath is not its base, since clang 14 crashes on a base that is made while compiling.
+struct PropertyName {
+  const char* schema;
+  const char* path;
+
   consteval PropertyName(const char* name)  // NOLINT(google-explicit-constructor): as above
-      : PropertyPath(plainName(name)) {}
+      : schema(PropertyPath(name).schema), path(plainName(name)) {}
+  // NOLINTNEXTLINE(google-explicit-constructor): it is one
+  constexpr operator PropertyPath() const { return {schema, path}; }
 };
 
 // The row with that URI, or null.

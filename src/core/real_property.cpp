@@ -14,9 +14,7 @@ namespace {
 
 using xmpl::Metadata;
 
-// Of no RDF or XML, whose names say how others are written.
 bool isPlainName(std::string_view name) {
-  if (name.starts_with("rdf:") || name.starts_with("xml:")) return false;
   return name.size() <= xmpl::limits::kLocalNameBytes &&
          std::all_of(name.begin(), name.end(), [](char c) {
            return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || (c >= '0' && c <= '9') ||
@@ -25,10 +23,12 @@ bool isPlainName(std::string_view name) {
 }
 
 // Whether setting the property cannot make the metadata unfit to be saved. A name that is no XML
-// name the toolkit refuses itself, but for characters outside ASCII.
+// name the toolkit refuses itself, but for characters outside ASCII. Names of RDF and XML may say
+// how a packet is written.
 bool isHarmless(const Metadata& metadata, const char* schema, const char* name) {
   if (schema == nullptr || name == nullptr) return true;  // the toolkit's error
-  if (std::strcmp(schema, kXMP_NS_RDF) == 0 || std::strcmp(schema, kXMP_NS_XML) == 0) return false;
+  const std::string_view uri(schema);
+  if (uri == kXMP_NS_RDF || uri == kXMP_NS_XML) return false;
   const std::size_t properties = xmpl::propertyCount(metadata, schema);
   return isPlainName(name) && properties > 0 && properties < xmpl::limits::kNamedChildren;
 }

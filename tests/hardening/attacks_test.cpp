@@ -153,6 +153,13 @@ TEST(Attacks, SetsLeaveWhatCanBeSaved) {
   for (int i = 0; i < 140; ++i) deep += "/vxGr:d";
   EXPECT_THROW(xmp.SetProperty_Float(ns, deep.c_str(), 1), XMP_Error);
   EXPECT_EQ(stored(xmp), before);
+  XMPlib listed;  // has a property of RDF's own namespace
+  listed.SetXML(described("<rdf:_1>1</rdf:_1>"));
+  for (const char* syntax : {"li", "value", "about", "Description"}) {
+    const char* const kRdf = "http://www.w3.org/1999/02/22-rdf-syntax-ns#";
+    EXPECT_THROW(listed.SetProperty_Float(kRdf, syntax, 1), XMP_Error) << syntax;
+  }
+  expectToSurviveATrip(listed);
   xmp.SetProperty_Float(ns, "\u00e9t\u00e9", 1.5);  // a name
   xmp.SetProperty_Float(ns, "s/vxInk:f", 2);
   expectToSurviveATrip(xmp);
