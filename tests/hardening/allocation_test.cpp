@@ -209,6 +209,17 @@ TEST(Allocation, ShortageNeverPassesForSuccess) {
     EXPECT_EQ(xmp.ErrStr().find("invalid argument"), std::string::npos);  // no parser was made
     return xmp.ErrStr().empty();
   });
+  // Read as UTF-8 it would be two letters.
+  const std::string latin =
+      "<?xml version='1.0' encoding='ISO-8859-1'?>"
+      "<rdf:RDF xmlns:rdf='http://www.w3.org/1999/02/22-rdf-syntax-ns#'>"
+      "<rdf:Description rdf:about='' xmlns:latin='http://latin.example/' latin:a='\xC3\xA9'/>"
+      "</rdf:RDF>";
+  loaded.SetXML(latin);
+  expectRight("", loaded.GetXML(), [&](XMPlib& xmp) {
+    xmp.SetXML(latin);
+    return xmp.ErrStr().empty();
+  });
   forEachKind([&]<class Value>(const Kind<Value>& kind) {
     XMPlib set;
     const Value value = longTexts<Value>();

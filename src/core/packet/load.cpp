@@ -21,6 +21,16 @@ void read(std::string_view packet, Metadata& metadata) {
   if (!readPlain(text.view(), metadata)) readByToolkit(text, metadata);
 }
 
+// Wholly or not at all.
+void readOrEmpty(std::string_view packet, Metadata& metadata) {
+  try {
+    read(packet, metadata);
+  } catch (...) {
+    insideOf(metadata).tree.ClearNode();
+    throw;
+  }
+}
+
 // Where the parse has ended, when it has.
 std::string place() {
   const ParseFailure& failure = lastParseFailure();
@@ -38,20 +48,14 @@ std::string describe(const XMP_Error& error) {
 
 std::string loadPacket(std::string_view packet, Metadata& metadata) {
   lastParseFailure() = {};
-  std::string fault;
   try {
-    if (!packet.empty()) read(packet, metadata);
-    return fault;
+    if (!packet.empty()) readOrEmpty(packet, metadata);
+    return {};
   } catch (const XMP_Error& error) {
-    fault = describe(error);
+    return describe(error);
   } catch (const PacketRefused& refusal) {
-    fault = "Packet refused" + place() + ": " + refusal.what();
-  } catch (...) {
-    insideOf(metadata).tree.ClearNode();
-    throw;
+    return "Packet refused" + place() + ": " + refusal.what();
   }
-  insideOf(metadata).tree.ClearNode();
-  return fault;
 }
 
 }  // namespace xmpl

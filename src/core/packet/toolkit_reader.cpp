@@ -55,13 +55,19 @@ class ToolkitEvents final : public ParseObserver {
 // One parse of this thread, under the observer's eyes.
 class ObservedParse {
  public:
-  explicit ObservedParse(ParseObserver& observer) { ParseObserver::current() = &observer; }
+  explicit ObservedParse(ParseObserver& observer) {
+    ParseObserver::current() = &observer;
+    QuickSearch::current() = &search_;
+  }
   ~ObservedParse() {
     ParseObserver::current() = nullptr;
-    QuickSearch::ofThisThread().forget();
+    QuickSearch::current() = nullptr;
   }
   ObservedParse(const ObservedParse&) = delete;
   ObservedParse& operator=(const ObservedParse&) = delete;
+
+ private:
+  QuickSearch search_;
 };
 
 // Past the toolkit's repair of bytes, which takes everything for UTF-8.

@@ -6,6 +6,7 @@
 #include <exception>
 #include <memory>
 #include <new>
+#include <utility>
 
 #include "core/toolkit/parse_failure.h"
 
@@ -75,10 +76,17 @@ class EventsFence {
   std::exception_ptr thrown_;
 };
 
-void XMLCALL onDeclaration(void* encoding, const char*, const char* name, int) noexcept {
+struct Declaration {
+  std::string encoding;
+  bool isLost = false;  // for want of memory
+};
+
+void XMLCALL onDeclaration(void* self, const char*, const char* name, int) noexcept {
+  Declaration& declaration = *static_cast<Declaration*>(self);
   try {
-    if (name != nullptr) *static_cast<std::string*>(encoding) = name;
-  } catch (const std::bad_alloc&) {  // then it counts as undeclared
+    if (name != nullptr) declaration.encoding = name;
+  } catch (const std::bad_alloc&) {
+    declaration.isLost = true;
   }
 }
 
@@ -96,14 +104,15 @@ bool parseXml(std::string_view text, XmlEvents& events) {
 
 DeclaredEncoding declaredEncoding(std::string_view text) {
   constexpr std::size_t kLongestDeclaration = 1024;
-  DeclaredEncoding declared;
-  const OwnedParser parser = newParser(&declared.name);
+  Declaration declaration;
+  const OwnedParser parser = newParser(&declaration);
   XML_SetXmlDeclHandler(parser.get(), onDeclaration);
   const int length = static_cast<int>(std::min(text.size(), kLongestDeclaration));
   XML_Parse(parser.get(), text.data(), length, XML_FALSE);
-  declared.isKnown = XML_GetErrorCode(parser.get()) != XML_ERROR_UNKNOWN_ENCODING;
-  if (!declared.isKnown) noteFailure(parser.get());
-  return declared;
+  const XML_Error error = XML_GetErrorCode(parser.get());
+  if (declaration.isLost || error == XML_ERROR_NO_MEMORY) throw std::bad_alloc();
+  if (error == XML_ERROR_UNKNOWN_ENCODING) noteFailure(parser.get());
+  return {std::move(declaration.encoding), error != XML_ERROR_UNKNOWN_ENCODING};
 }
 
 }  // namespace xmpl

@@ -14,7 +14,6 @@
 #include <cstring>
 #include <exception>
 #include <new>
-#include <string>
 
 #include "core/toolkit/parse_failure.h"
 #include "core/toolkit/parse_observer.h"
@@ -63,23 +62,14 @@ inline XML_Status fencedParse(XML_Parser parser, const char* text, int length, i
   return status;
 }
 
-// The text since the last tag. A parse may come in several calls: what one leaves, the next has.
-struct JoinedText {
-  std::string text;
-
-  static JoinedText& current() {
-    static thread_local JoinedText joined;
-    return joined;
-  }
-
-  template <class Handler>
-  static void flush(void* adapter, Handler handler) {
-    std::string& text = current().text;
-    if (text.empty()) return;
-    handler(adapter, text.data(), static_cast<int>(text.size()));
-    text.clear();
-  }
-};
+// Hands on the text that has been joined.
+template <class Handler>
+void flushText(void* adapter, Handler handler) {
+  ParseObserver* observer = ParseObserver::current();
+  if (observer == nullptr || observer->joinedText.empty()) return;
+  handler(adapter, observer->joinedText.data(), static_cast<int>(observer->joinedText.size()));
+  observer->joinedText.clear();
+}
 
 // The toolkit's handlers, each behind the fence. `characters` is its handler of texts.
 template <void (*handler)(void*, const char*, const char*)>
@@ -105,7 +95,7 @@ template <void (*characters)(void*, const char*, int),
 struct FencedStart {
   static void call(void* adapter, const char* name, const char** attributes) noexcept {
     ExpatFence::run([=] {
-      JoinedText::flush(adapter, characters);
+      flushText(adapter, characters);
       ParseObserver* observer = ParseObserver::current();
       if (observer != nullptr) observer->startElement(name, attributes);
       handler(adapter, name, attributes);
@@ -117,7 +107,7 @@ template <void (*characters)(void*, const char*, int), void (*handler)(void*, co
 struct FencedEnd {
   static void call(void* adapter, const char* name) noexcept {
     ExpatFence::run([=] {
-      JoinedText::flush(adapter, characters);
+      flushText(adapter, characters);
       ParseObserver* observer = ParseObserver::current();
       if (observer != nullptr) observer->endElement();
       handler(adapter, name);
@@ -125,9 +115,16 @@ struct FencedEnd {
   }
 };
 
-inline void joinCharacters(void*, const char* text, int length) noexcept {
-  ExpatFence::run([=] { JoinedText::current().text.append(text, static_cast<size_t>(length)); });
-}
+template <void (*handler)(void*, const char*, int)>
+struct FencedText {
+  static void call(void* adapter, const char* text, int length) noexcept {
+    ExpatFence::run([=] {
+      ParseObserver* observer = ParseObserver::current();
+      if (observer == nullptr) return handler(adapter, text, length);
+      observer->joinedText.append(text, static_cast<std::size_t>(length));
+    });
+  }
+};
 
 // Instructions other than the packet wrapper's leave the toolkit no trace.
 template <void (*characters)(void*, const char*, int),
@@ -135,7 +132,7 @@ template <void (*characters)(void*, const char*, int),
 struct FencedInstruction {
   static void call(void* adapter, const char* target, const char* data) noexcept {
     ExpatFence::run([=] {
-      if (std::strcmp(target, "xpacket") == 0) JoinedText::flush(adapter, characters);
+      if (std::strcmp(target, "xpacket") == 0) flushText(adapter, characters);
       handler(adapter, target, data);
     });
   }
@@ -164,7 +161,7 @@ struct FencedDoctype {
   XML_SetElementHandler(parser, xmpl::FencedStart<CharacterDataHandler, start>::call, \
                         xmpl::FencedEnd<CharacterDataHandler, end>::call)
 #define XML_SetCharacterDataHandler(parser, handler) \
-  XML_SetCharacterDataHandler(parser, xmpl::joinCharacters)
+  XML_SetCharacterDataHandler(parser, xmpl::FencedText<handler>::call)
 #define XML_SetProcessingInstructionHandler(parser, handler) \
   XML_SetProcessingInstructionHandler(                       \
       parser, xmpl::FencedInstruction<CharacterDataHandler, handler>::call)

@@ -1,6 +1,8 @@
 // Sees what the toolkit's parser meets, before the toolkit does.
 #pragma once
 
+#include <string>
+
 namespace xmpl {
 
 // What these throw ends the parse. Names are the XML parser's: the URI, "@" and the local name, or
@@ -14,7 +16,11 @@ class ParseObserver {
   virtual void endElement() = 0;
   virtual void doctype() = 0;
 
-  // Of the parse in this thread; null: nobody looks.
+  // The text since the last tag, joined: a parse may come in several calls.
+  std::string joinedText;
+
+  // Of the parse in this thread; null: nobody looks. A pointer alone: for what has a destructor the
+  // C library takes memory in each thread, and ends the process where there is none.
   static ParseObserver*& current() {
     static thread_local ParseObserver* observer = nullptr;
     return observer;

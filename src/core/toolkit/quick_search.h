@@ -14,12 +14,11 @@ class QuickSearch {
  public:
   static constexpr std::size_t kMany = 32;
 
-  static QuickSearch& ofThisThread() {
-    static thread_local QuickSearch search;
+  // Of the parse in this thread; null: the toolkit's own will do.
+  static QuickSearch*& current() {
+    static thread_local QuickSearch* search = nullptr;
     return search;
   }
-
-  void forget() { tables_.clear(); }
 
   XMP_Node* find(const XMP_NodeOffspring& nodes, const char* name) {
     Table& table = tables_[&nodes];
