@@ -267,8 +267,8 @@ class XMPLIB_API XMPlib {
   bool SetColorSpace(const XMPlColorSpace& colours);
 
   // Standard schemas, for other tools; there is no Get. Each field is written, or deleted when it
-  // is empty (or not valid). A title replaces those in all languages; a structure or a plain text in
-  // its place is a toolkit error, and stays.
+  // is empty (or not valid). A title replaces those in all languages; a structure or a plain text
+  // in its place is a toolkit error, and stays.
   bool SetPDFData(const XMPlPDFData& data);
   bool SetMMData(const XMPlMMData& data);
 
