@@ -16,3 +16,12 @@ target_compile_options(vxxmplib_warnings INTERFACE
   $<$<BOOL:${VXXMPLIB_WARNINGS_AS_ERRORS}>:-Werror>
   # GCC 12 sees overlapping copies in every "literal" + std::string (its bug 105651).
   $<$<CXX_COMPILER_ID:GNU>:-Wno-restrict>)
+
+# Where a library that is loaded late keeps something for each thread, glibc takes memory at the
+# first use and ends the process when there is none. This model takes it when the library is loaded.
+# Other C libraries refuse to load such a library.
+include(CheckCXXSymbolExists)
+check_cxx_symbol_exists(__GLIBC__ cstdlib VXXMPLIB_GLIBC)
+if(VXXMPLIB_GLIBC)
+  add_compile_options(-ftls-model=initial-exec)
+endif()

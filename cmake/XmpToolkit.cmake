@@ -34,15 +34,24 @@ target_include_directories(xmp_toolkit SYSTEM PUBLIC
   "${toolkit}" "${toolkit}/public/include" "${toolkit}/XMPCore"
   "${toolkit}/third-party/zuid/interfaces")
 target_compile_options(xmp_toolkit PRIVATE -w -funsigned-char)
+# Whoever throws, copies or catches an XMP_Error does it with the same functions.
+set(error_text "${PROJECT_SOURCE_DIR}/src/core/toolkit/error_text.h")
+target_compile_options(xmp_toolkit PUBLIC "SHELL:-include ${error_text}")
 if(VXXMPLIB_SANITIZE MATCHES undefined)
   # Its getter of booleans copies an unset one for an absent property; we do not use that getter.
   target_compile_options(xmp_toolkit PRIVATE -fno-sanitize=bool)
 endif()
-set_source_files_properties("${toolkit}/XMPCore/source/ExpatAdapter.cpp" PROPERTIES
-  COMPILE_OPTIONS "-include;${PROJECT_SOURCE_DIR}/src/core/toolkit/expat_fence.h"
-  INCLUDE_DIRECTORIES "${PROJECT_SOURCE_DIR}/src"
-  OBJECT_DEPENDS
-    "${PROJECT_SOURCE_DIR}/src/core/toolkit/expat_fence.h;${PROJECT_SOURCE_DIR}/src/core/toolkit/parse_failure.h")
+# Faults of the toolkit that are mended where it is built: each header says which.
+function(mend source header)
+  set_source_files_properties("${toolkit}/XMPCore/source/${source}" PROPERTIES
+    COMPILE_OPTIONS "-include;${PROJECT_SOURCE_DIR}/src/core/toolkit/${header}"
+    INCLUDE_DIRECTORIES "${PROJECT_SOURCE_DIR}/src"
+    OBJECT_DEPENDS "${toolkit_headers}")
+endfunction()
+file(GLOB toolkit_headers CONFIGURE_DEPENDS "${PROJECT_SOURCE_DIR}/src/core/toolkit/*.h")
+mend(ExpatAdapter.cpp expat_fence.h)
+mend(ParseRDF.cpp before_parse_rdf.h)
+mend(XMPMeta-Parse.cpp before_meta_parse.h)
 target_link_libraries(xmp_toolkit PUBLIC EXPAT::EXPAT Threads::Threads)
 set_target_properties(xmp_toolkit PROPERTIES CXX_STANDARD 14 CXX_EXTENSIONS ON CXX_CLANG_TIDY "")
 set(XMP_TOOLKIT_PUBLIC_INCLUDE "${toolkit}/public/include")

@@ -1,4 +1,4 @@
-// Every kind of record with its Get and Set, and packets of them.
+// Every kind of record with its Get and Set.
 #pragma once
 
 #include "target.h"
@@ -91,23 +91,3 @@ inline void rewrite(XMPlib& xmp) {
   });
   for (const auto& write : writes) write();
 }
-
-// An input that begins with "|" is what a packet holds, without what every packet begins with.
-inline std::string packetOf(std::string_view input) {
-  return input.starts_with('|') ? packet(std::string(input.substr(1))) : std::string(input);
-}
-
-inline std::string saved(const XMPlib& xmp) {
-  std::string text = xmp.GetXMLPacket(false, 1);
-  expect(xmp.ErrStr().empty(), "what is in a handle can be saved");
-  return text;
-}
-
-// Loads what the library has saved.
-struct Reloaded : XMPlib {
-  explicit Reloaded(const std::string& text) {
-    SetXML(text);
-    const bool isTooDeep = ErrStr().find("levels of elements") != ErrStr().npos;  // as documented
-    expect(ErrStr().empty() || isTooDeep, "a saved packet can be loaded");
-  }
-};

@@ -1,26 +1,19 @@
 // Packets, merged. "====" on a line of its own stands between them; the first byte holds the flags.
 #include "kinds.h"
+#include "packets.h"
 
 namespace {
 
 std::vector<std::string> packetsOf(std::string_view input) {
-  constexpr std::string_view kBetween = "\n====\n";
   std::vector<std::string> packets;
-  while (packets.size() < 4) {
-    const std::size_t end = input.find(kBetween);
-    packets.push_back(packetOf(input.substr(0, end)));
-    if (end == input.npos) break;
-    input.remove_prefix(end + kBetween.size());
-  }
+  for (const std::string_view section : sectionsOf(input)) packets.push_back(packetOf(section));
   return packets;
 }
 
 std::int64_t filesOf(const std::string& packet) {
   XMPlib xmp;
   xmp.SetXML(packet);
-  std::vector<XMPlExtRef> refs;
-  xmp.GetExtRefs(refs, true);
-  return filesIn(refs);
+  return filesOf(xmp);
 }
 
 }  // namespace

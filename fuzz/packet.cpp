@@ -1,5 +1,7 @@
 // Packet text, loaded, read, rewritten and saved.
 #include "kinds.h"
+#include "packets.h"
+#include "support/read_counts.h"
 
 namespace {
 
@@ -7,6 +9,22 @@ std::string rewritten(const std::string& text) {
   Reloaded xmp(text);
   rewrite(xmp);
   return saved(xmp);
+}
+
+void checkUnread(const XMPlib& xmp, bool filmInks) {
+  const ReadCounts counts(xmp, filmInks);
+  std::vector<XMPlUnreadItems> lists;
+  expect(xmp.GetUnreadItems(lists, filmInks) == !lists.empty(), "there is something to tell");
+  for (const XMPlUnreadItems& list : lists) {
+    const auto read = counts.all().find(list.list);
+    const bool isCounted = read != counts.all().end();
+    expect(!isCounted || static_cast<std::size_t>(list.read) == read->second,
+           "what a Get reads is not called unread");
+    expect(!list.reason.empty(), "there is a reason for what is unread");
+  }
+  std::vector<XMPlUnreadField> fields;
+  xmp.GetUnreadFields(fields, filmInks);
+  expect(xmp.ErrStr().empty(), "what is unread can be told");
 }
 
 }  // namespace
@@ -24,6 +42,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   xmp.GetUsedDigitalJobRefs(jobs);
   xmp.IsNonPDFCompatible();
   attempt<XMP_Error>([&] { return xmp.DumpXAP(), true; });
+  checkUnread(xmp, false);
+  checkUnread(xmp, true);
   rewrite(xmp);
   // The first rewriting moves records of older layouts, the second reals that were cut.
   const std::string settled = rewritten(saved(xmp));

@@ -17,9 +17,9 @@ inline std::string_view textOf(const std::uint8_t* data, std::size_t size) {
   return {reinterpret_cast<const char*>(data), size};
 }
 
-inline void expect(bool kept, const char* promise) {
+inline void expect(bool kept, const char* promise, const std::string& detail = {}) {
   if (kept) return;
-  std::fprintf(stderr, "Broken promise: %s\n", promise);
+  std::fprintf(stderr, "Broken promise: %s\n%s\n", promise, detail.c_str());
   std::abort();
 }
 

@@ -54,7 +54,8 @@ class TXMPMeta;  // the XMP Toolkit's metadata object
 // they are the application's. Nothing is converted or checked, but where an operation says so.
 //
 // Threads: handles may be made, copied, moved, cloned and destroyed on any threads at once. One
-// handle, and all handles that share its metadata object, belong to one thread at a time.
+// handle, and all handles that share its metadata object, belong to one thread at a time. A process
+// may fork while no other thread is inside the library; the child then uses it as its parent does.
 class XMPLIB_API XMPlib {
  public:
   // --- The handle -----------------------------------------------------------------------------
@@ -109,18 +110,17 @@ class XMPLIB_API XMPlib {
   // shows in ErrStr() alone. An empty text is empty metadata, not an error. Throws as CreateXAP
   // does.
   //
-  // ErrStr() is the toolkit's message, for malformed XML with line and column. A packet that would
-  // take more time, memory or stack than its size warrants is refused before the toolkit sees it:
-  // by depth, by the number of attributes, children, properties and namespaces and of the names
-  // compared for them, by its size as text and when serialised, for a DOCTYPE, and for some
-  // namespace URIs. docs/limits.md has the figures.
+  // ErrStr() is the toolkit's message, for malformed XML with line and column, or a refusal of this
+  // library's, with both: for the depth of elements, the number of properties, fields, qualifiers
+  // and namespaces, the length of names, the size of the text, a DOCTYPE, or an encoding that is
+  // not known. docs/limits.md has the figures. The metadata is empty then.
   bool SetXML(const std::string& text);
 
   // The metadata as RDF in an x:xmpmeta element, without packet wrapper. Empty without a metadata
-  // object (ErrStr() is empty then too) and after a toolkit error. The reference holds as long as
-  // the handle is not moved from, its text until the next GetXML or GetXMLPacket. Settles language
-  // alternatives that do not come from a packet in this form: the default goes first, and one with
-  // the default and one other language gets the default's text for both.
+  // object (ErrStr() is empty then too), after a toolkit error, and when it would be more than 256
+  // MiB: SetXML takes no more. The reference holds as long as the handle is not moved from, its
+  // text until the next GetXML or GetXMLPacket. Settles language alternatives: the default goes
+  // first, and beside it a single other language gets its text.
   const std::string& GetXML() const;
 
   // As GetXML, as a writeable packet in its wrapper, with `padding` blanks for changes in place: a
@@ -136,7 +136,9 @@ class XMPLIB_API XMPlib {
 
   // Writes `value` as the simple property `propName` (a name or a path) of the schema `schemaNS` (a
   // URI), as every operation here but SetDgcs writes a real. Leaves the error text alone; a toolkit
-  // error (XMP_Error) passes to the caller. Does nothing without a metadata object.
+  // error (XMP_Error) passes to the caller. So does one of this library's, with nothing changed,
+  // for what could not be loaded again: a name that XML does not allow, a path or a number of
+  // properties over a limit of docs/limits.md. Does nothing without a metadata object.
   void SetProperty_Float(const char* schemaNS, const char* propName, double value);
 
   // --- What a Get leaves out ------------------------------------------------------------------
@@ -461,8 +463,8 @@ class XMPLIB_API XMPlib {
   // whether there was any other node, copied or not. Leaves the error text alone; a toolkit error
   // (XMP_Error: a text here, a filled array or structure there; an array against a structure)
   // passes to the caller, with the nodes copied so far. False when either handle is without
-  // metadata. Plain items that meet a language alternative here stay without a language: GetXML
-  // then answers an empty text, and ErrStr() says so.
+  // metadata. Where the outcome could not be saved and loaded again (a limit of docs/limits.md,
+  // plain items in a language alternative), XMP_Error says why, and nothing is changed.
   bool MergeNonOrvo(const XMPlib* other);
 
   // Whether dc:format says that this is an Illustrator document,

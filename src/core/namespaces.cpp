@@ -1,34 +1,45 @@
 #include "core/namespaces.h"
 
+#include <algorithm>
 #include <map>
 #include <mutex>
+#include <unordered_map>
+
+#include "core/packet/limits.h"
+#include "core/toolkit/namespace_table.h"
 
 namespace xmpl {
 namespace {
 
-// The next of prefix_1_, prefix_2_ ... that is free.
-std::string freeVariant(const std::string& prefix) {
+// At most `bytes` of it, and no broken character.
+std::string shortened(const std::string& prefix, std::size_t bytes) {
+  std::size_t end = std::min(prefix.size(), bytes);
+  while (end < prefix.size() && (prefix[end] & 0xC0) == 0x80) --end;
+  return prefix.substr(0, end);
+}
+
+// The next of prefix_1_, prefix_2_ ...: what others have is not tried again.
+std::string nextVariant(const std::string& prefix) {
   static std::mutex mutex;
   static std::map<std::string, int>& lastOf = *new std::map<std::string, int>;
   const std::lock_guard<std::mutex> lock(mutex);
-  int& last = lastOf[prefix];
-  std::string uri;
-  std::string variant;
-  do {
-    variant = prefix + '_' + std::to_string(++last) + '_';
-  } while (Metadata::GetNamespaceURI(variant.c_str(), &uri));
-  return variant;
+  const std::string suffix = '_' + std::to_string(++lastOf[prefix]) + '_';
+  return shortened(prefix, limits::kPrefixBytes - suffix.size()) + suffix;
 }
 
-void registerDeclaration(const NamespaceDeclaration& declaration) {
-  std::string registered;
-  if (Metadata::GetNamespacePrefix(declaration.uri.c_str(), &registered)) return;
-  const bool taken = Metadata::GetNamespaceURI(declaration.prefix.c_str(), &registered);
-  const std::string prefix = taken ? freeVariant(declaration.prefix) : declaration.prefix;
-  Metadata::RegisterNamespace(declaration.uri.c_str(), prefix.c_str(), &registered);
+std::unordered_map<std::string_view, const Namespace*> namespacesByUri() {
+  std::unordered_map<std::string_view, const Namespace*> rows;
+  for (const Namespace& row : kNamespaces) rows.emplace(row.uri, &row);
+  return rows;
 }
 
 }  // namespace
+
+const Namespace* ownNamespace(std::string_view uri) {
+  static const auto& rows = *new auto(namespacesByUri());
+  const auto found = rows.find(uri);
+  return found == rows.end() ? nullptr : found->second;
+}
 
 void registerNamespaces() {
   std::string prefixInUse;  // of no interest: the table's prefixes come first in every process
@@ -37,13 +48,14 @@ void registerNamespaces() {
   }
 }
 
-void registerDeclared(const std::vector<NamespaceDeclaration>& declarations) {
-  for (const NamespaceDeclaration& declaration : declarations) {
-    try {
-      registerDeclaration(declaration);
-    } catch (const XMP_Error&) {  // no XML name
-    }
-  }
+std::string registerDeclared(const std::string& prefix, const std::string& uri) {
+  if (const Namespace* own = ownNamespace(uri)) return std::string(own->prefix) + ':';
+  std::string registered;
+  if (Metadata::GetNamespacePrefix(uri.c_str(), &registered)) return registered;
+  std::string suggested = prefix;
+  while (!registerWholly(uri, suggested)) suggested = nextVariant(prefix);
+  Metadata::GetNamespacePrefix(uri.c_str(), &registered);  // another thread's may have come first
+  return registered;
 }
 
 }  // namespace xmpl

@@ -6,6 +6,7 @@
 #include <string_view>
 #include <vector>
 
+#include "core/own_properties.h"
 #include "core/toolkit/client.h"
 
 #define XMPLIB_PRIVATE_BASE "http://ns.orvo.example/xmp/"
@@ -87,6 +88,13 @@ consteval const char* namespaceUri(std::string_view prefix) {
   throw "unknown namespace prefix";
 }
 
+// `name` itself, if it is in the table of properties.
+consteval const char* ownName(const char* name) {
+  const std::string_view path(name);
+  if (!isOwnProperty(path.substr(0, path.find_first_of("/[")))) throw "not in kOwnProperties";
+  return name;
+}
+
 // A top-level property or a path that starts at one, by its full name ("vxGr:nrpages"). The
 // schema's URI follows from the prefix.
 struct PropertyPath {
@@ -95,7 +103,7 @@ struct PropertyPath {
 
   consteval PropertyPath(const char* name)  // NOLINT(google-explicit-constructor): reads as text
       : schema(namespaceUri(std::string_view(name, std::string_view(name).find(':')))),
-        path(name) {}
+        path(ownName(name)) {}
 };
 
 // The toolkit keeps these under other names; a path finds them there.
@@ -119,19 +127,16 @@ struct PropertyName : PropertyPath {
       : PropertyPath(plainName(name)) {}
 };
 
+// The row with that URI, or null.
+const Namespace* ownNamespace(std::string_view uri);
+
 // Registers every namespace of the table, in its order. Throws XMP_Error.
 void registerNamespaces();
 
-// A namespace that a packet declares.
-struct NamespaceDeclaration {
-  std::string prefix;
-  std::string uri;
-};
-
-// Registers those that are new, as the toolkit would when it meets them, under their prefix or,
-// where that is taken, under prefix_1_, prefix_2_ ...: the toolkit tries these from the first for
-// every namespace, and slows down with all that any packet has declared before. Throws nothing:
-// what cannot be registered is left to the toolkit.
-void registerDeclared(const std::vector<NamespaceDeclaration>& declarations);
+// Registers a namespace that a packet declares, if it is new, as the toolkit would: under its
+// prefix or, where that is taken, under prefix_1_, prefix_2_ ... The toolkit tries these from the
+// first for every namespace, and slows down with all that any packet has declared before. Answers
+// the registered prefix, with its colon. Throws XMP_Error for what the toolkit takes for no prefix.
+std::string registerDeclared(const std::string& prefix, const std::string& uri);
 
 }  // namespace xmpl

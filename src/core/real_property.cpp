@@ -1,9 +1,45 @@
 // Real numbers, for callers who write properties of their own.
+#include <algorithm>
+#include <cstring>
+#include <string_view>
+
 #include "XMPlib.h"
+#include "core/packet/draft.h"
+#include "core/packet/limits.h"
 #include "core/toolkit/client.h"
+#include "core/toolkit/tree.h"
 #include "core/value_text.h"
+
+namespace {
+
+using xmpl::Metadata;
+
+bool isPlainName(std::string_view name) {
+  return name.size() <= xmpl::limits::kLocalNameBytes &&
+         std::all_of(name.begin(), name.end(), [](char c) {
+           return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || (c >= '0' && c <= '9') ||
+                  c == '_' || c == ':';
+         });
+}
+
+// Whether setting the property cannot make the metadata unfit to be saved. A name that is no XML
+// name the toolkit refuses itself, but for characters outside ASCII.
+bool isHarmless(const Metadata& metadata, const char* schema, const char* name) {
+  if (schema == nullptr || name == nullptr) return true;  // the toolkit's error
+  const std::size_t properties = xmpl::propertyCount(metadata, schema);
+  return isPlainName(name) && properties > 0 && properties < xmpl::limits::kNamedChildren;
+}
+
+}  // namespace
 
 void XMPlib::SetProperty_Float(const char* schemaNS, const char* propName, double value) {
   if (meta == nullptr) return;
-  meta->SetProperty(schemaNS, propName, xmpl::realText(value));
+  const std::string text = xmpl::realText(value);
+  if (isHarmless(*meta, schemaNS, propName)) {
+    meta->SetProperty(schemaNS, propName, text);
+    return;
+  }
+  xmpl::Draft draft(*meta);
+  draft.metadata().SetProperty(schemaNS, propName, text);
+  draft.commitIfLoadable();
 }

@@ -14,11 +14,17 @@ MetaRegistry& MetaRegistry::instance() {
 
 void MetaRegistry::startToolkit() {
   if (toolkitStarted_) return;
-  if (!Metadata::Initialize()) {
-    throw XMP_Error(kXMPErr_InternalFailure, "The XMP Toolkit did not start");
+  try {
+    if (!Metadata::Initialize()) {
+      throw XMP_Error(kXMPErr_InternalFailure, "The XMP Toolkit did not start");
+    }
+    // Before the first parse: the toolkit never forgets a prefix that a packet bound first.
+    registerNamespaces();
+  } catch (...) {
+    // It counts a start that failed: the next would be content with its half-made tables.
+    Metadata::Terminate();
+    throw;
   }
-  // Before the first parse: the toolkit never forgets a prefix that a packet bound first.
-  registerNamespaces();
   toolkitStarted_ = true;
 }
 

@@ -5,6 +5,7 @@
 
 #include "core/call_guard.h"
 #include "core/namespaces.h"
+#include "core/packet/draft.h"
 #include "core/properties.h"
 
 namespace {
@@ -54,19 +55,46 @@ void copyNode(const Node& node, Metadata& metadata) {
   metadata.SetProperty(node.schema.c_str(), node.path.c_str(), value, form);
 }
 
+// Calls `visit` for every foreign node, parents before their children, until it answers false.
+template <class Visit>
+void forEachForeign(const Metadata& metadata, const Visit& visit) {
+  xmpl::ToolkitIterator nodes(metadata, "", "", 0);
+  Node node;
+  while (nodes.Next(&node.schema, &node.path, &node.value, &node.options)) {
+    if (isForeign(node) && !visit(node)) return;
+  }
+}
+
+bool holdsForeign(const Metadata& metadata) {
+  bool found = false;
+  forEachForeign(metadata, [&](const Node&) {
+    found = true;
+    return false;
+  });
+  return found;
+}
+
+void copyForeign(const Metadata& from, Metadata& to) {
+  forEachForeign(from, [&](const Node& node) {
+    if (!to.DoesPropertyExist(node.schema.c_str(), node.path.c_str())) copyNode(node, to);
+    return true;
+  });
+}
+
 }  // namespace
 
 bool XMPlib::MergeNonOrvo(const XMPlib* other) {
   if (meta == nullptr || other == nullptr || other->meta == nullptr) return false;
-  bool found = false;
-  xmpl::ToolkitIterator nodes(*other->meta, "", "", 0);
-  Node node;
-  while (nodes.Next(&node.schema, &node.path, &node.value, &node.options)) {
-    if (!isForeign(node)) continue;
-    found = true;
-    if (!meta->DoesPropertyExist(node.schema.c_str(), node.path.c_str())) copyNode(node, *meta);
+  if (!holdsForeign(*other->meta)) return false;
+  xmpl::Draft draft(*meta);
+  try {
+    copyForeign(*other->meta, draft.metadata());
+  } catch (const XMP_Error&) {
+    draft.commit();  // the nodes copied so far stay
+    throw;
   }
-  return found;
+  draft.commit();
+  return true;
 }
 
 bool XMPlib::IsNonPDFCompatible() const {

@@ -20,7 +20,7 @@ TEST(Packets, MalformedTextShowsInTheErrorTextAlone) {
   EXPECT_TRUE(xmp.SetXML(packet("<vxGr:nrpages>1</vxGr:nrpages><vxGr:nrpages>2</vxGr:nrpages>")));
   EXPECT_EQ(xmp.ErrStr(), "Duplicate property or field node");
   EXPECT_TRUE(xmp.SetXML("<!DOCTYPE a [<!ENTITY b 'c'>]><a>&b;</a>"));
-  EXPECT_EQ(xmp.ErrStr(), "Packet refused at offset 0: DOCTYPE is not allowed");
+  EXPECT_EQ(xmp.ErrStr(), "Packet refused at line 1, column 13: DOCTYPE is not allowed");
 }
 
 TEST(Packets, EmptyTextIsEmptyMetadata) {

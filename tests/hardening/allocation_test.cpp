@@ -1,54 +1,23 @@
-// Every allocation of an operation fails in turn, until the operation succeeds: nothing crashes,
-// the lock is free, no slot of the registry is lost and the handle stays usable.
+// Every allocation of an operation fails in turn, alone and, in growing steps, with all behind it,
+// until the operation succeeds: nothing crashes, the lock is free, no slot of the registry is lost
+// and the handle stays usable.
 #include <gtest/gtest.h>
 #include <malloc.h>
 
-#include <cstdlib>
 #include <functional>
 #include <new>
-#include <optional>
 
 #include "core/registry.h"
 #include "core/toolkit/client.h"
 #include "kinds.h"
-
-namespace {
-
-constexpr long kNever = -1;
-thread_local long allocationsToFailure = kNever;
-
-void* allocate(std::size_t size) {
-  if (allocationsToFailure == 0) {
-    allocationsToFailure = kNever;
-    throw std::bad_alloc();
-  }
-  if (allocationsToFailure > 0) --allocationsToFailure;
-  void* memory = std::malloc(size == 0 ? 1 : size);
-  if (memory == nullptr) throw std::bad_alloc();
-  return memory;
-}
-
-}  // namespace
-
-void* operator new(std::size_t size) { return allocate(size); }
-void* operator new[](std::size_t size) { return allocate(size); }
-void* operator new(std::size_t size, const std::nothrow_t&) noexcept {
-  try {
-    return allocate(size);
-  } catch (const std::bad_alloc&) {
-    return nullptr;
-  }
-}
-void operator delete(void* memory) noexcept { std::free(memory); }
-void operator delete[](void* memory) noexcept { std::free(memory); }
-void operator delete(void* memory, std::size_t) noexcept { std::free(memory); }
-void operator delete[](void* memory, std::size_t) noexcept { std::free(memory); }
+#include "support/failing_memory.h"
 
 // The toolkit loses a node whose parent cannot grow to hold it, and the expat parser of an adapter
 // that cannot be made. None of this library's own allocations is among these.
 extern "C" const char* __lsan_default_suppressions();  // NOLINT(bugprone-reserved-identifier)
 extern "C" const char* __lsan_default_suppressions() {
   return "leak:FindChildNode\nleak:FindSchemaNode\nleak:FindIndexedItem\nleak:FindQualifierNode\n"
+         "leak:AppendLangItem\n"
          "leak:RDF_Parser\nleak:StartElementHandler\nleak:CharacterDataHandler\n"
          "leak:ProcessingInstructionHandler\nleak:libexpat\n";
 }
@@ -66,10 +35,10 @@ std::size_t slotsInUse() {
 
 using Operation = std::function<void(XMPlib&)>;
 
-// Whether the operation came to its end, with the allocation number `failing` failing on the way.
-bool completes(long failing, const Operation& operation, XMPlib& xmp) {
+// Whether the operation came to its end, with memory for `passing` allocations.
+bool completes(long passing, Shortage shortage, const Operation& operation, XMPlib& xmp) {
   bool thrown = false;
-  allocationsToFailure = failing;
+  runOutAfter(passing, shortage);
   try {
     operation(xmp);
   } catch (const std::bad_alloc&) {
@@ -77,18 +46,22 @@ bool completes(long failing, const Operation& operation, XMPlib& xmp) {
   } catch (const XMP_Error&) {
     thrown = true;
   }
-  const bool allPassed = allocationsToFailure > 0;
-  allocationsToFailure = kNever;
-  return allPassed && !thrown;
+  return !endShortage() && !thrown;
 }
 
-void expectToSurvive(const std::string& packet, const Operation& operation) {
-  for (long failing = 0;; ++failing) {
-    ASSERT_LT(failing, 100000);
+// Calls `check(passing)` for ever more memory until it answers true: it has been enough.
+template <class Check>
+void withEverMoreMemory(Shortage shortage, const Check& check) {
+  const auto step = [&](long passed) { return shortage == Shortage::once ? 1 : 1 + passed / 50; };
+  for (long passing = 0; !check(passing); passing += step(passing)) ASSERT_LT(passing, 100000);
+}
+
+void expectToSurvive(Shortage shortage, const std::string& packet, const Operation& operation) {
+  withEverMoreMemory(shortage, [&](long passing) {
     const std::size_t used = slotsInUse();
     XMPlib xmp;
     xmp.SetXML(packet);
-    const bool completed = completes(failing, operation, xmp);
+    const bool completed = completes(passing, shortage, operation, xmp);
     XMPlib probe;  // hangs if the lock is held
     EXPECT_TRUE(probe.SetNrPages(1));
     if (!xmp.SetNrPages(1)) {
@@ -96,10 +69,15 @@ void expectToSurvive(const std::string& packet, const Operation& operation) {
       xmp.CreateXAP();
       EXPECT_TRUE(xmp.SetNrPages(1));
     }
-    EXPECT_FALSE(xmp.GetXML().empty());
+    EXPECT_FALSE(xmp.GetXML().empty()) << passing << ": " << xmp.ErrStr();
     EXPECT_EQ(slotsInUse(), used + 2);
-    if (completed) return;
-  }
+    return completed;
+  });
+}
+
+void expectToSurvive(const std::string& packet, const Operation& operation) {
+  expectToSurvive(Shortage::once, packet, operation);
+  expectToSurvive(Shortage::forGood, packet, operation);
 }
 
 // A value whose texts need memory of their own; references are a run.
@@ -188,4 +166,57 @@ TEST(Allocation, FailsWithoutHarmInMerges) {
   merging(&XMPlib::MergeFonts);
   merging(&XMPlib::MergeBarcodes);
   merging(&XMPlib::MergeLayers);
+}
+
+TEST(Allocation, LeavesNoNamespaceHalfRegistered) {
+  withEverMoreMemory(Shortage::once, [](long passing) {
+    const std::string prefix = "half" + std::to_string(passing);
+    const std::string packet =
+        "<rdf:RDF xmlns:rdf='http://www.w3.org/1999/02/22-rdf-syntax-ns#'>"
+        "<rdf:Description rdf:about='' xmlns:" +
+        prefix + "='http://" + prefix + ".example/' " + prefix + ":a='1'/></rdf:RDF>";
+    XMPlib xmp;
+    const bool completed = completes(
+        passing, Shortage::once, [&](XMPlib& handle) { handle.SetXML(packet); }, xmp);
+    xmp.SetXML(packet);
+    EXPECT_EQ(xmp.ErrStr(), "");
+    EXPECT_TRUE(xmpl::Metadata::GetNamespaceURI(prefix.c_str(), nullptr)) << prefix;
+    return completed;
+  });
+}
+
+// What says that it has worked has the result that it has with memory.
+TEST(Allocation, ShortageNeverPassesForSuccess) {
+  const std::string filled = filledPacket();
+  const auto expectRight = [&](const std::string& before, const std::string& right,
+                               auto operation) {
+    for (const Shortage shortage : {Shortage::once, Shortage::forGood}) {
+      withEverMoreMemory(shortage, [&](long passing) {
+        XMPlib xmp;
+        xmp.SetXML(before);
+        std::string result;
+        const auto attempt = [&](XMPlib& handle) { result = operation(handle) ? "done" : ""; };
+        const bool completed = completes(passing, shortage, attempt, xmp);
+        EXPECT_TRUE(result.empty() || xmp.GetXML() == right) << passing << xmp.GetXML();
+        return completed;
+      });
+    }
+  };
+  XMPlib loaded;
+  loaded.SetXML(filled);
+  expectRight("", loaded.GetXML(), [&](XMPlib& xmp) {
+    xmp.SetXML(filled);
+    EXPECT_EQ(xmp.ErrStr().find("invalid argument"), std::string::npos);  // no parser was made
+    return xmp.ErrStr().empty();
+  });
+  forEachKind([&]<class Value>(const Kind<Value>& kind) {
+    XMPlib set;
+    const Value value = longTexts<Value>();
+    kind.set(set, value);
+    expectRight("", set.GetXML(), [&](XMPlib& xmp) { return kind.set(xmp, value); });
+    expectRight(set.GetXML(), set.GetXML(), [&](XMPlib& xmp) {
+      Value read{};
+      return kind.get(xmp, read) && kind.set(xmp, read);
+    });
+  });
 }

@@ -47,6 +47,7 @@ FIELDS_OF(XMPlDimDatDigFilm, r.units, r.vsize, r.hsize, r.vresolution, r.hresolu
 FIELDS_OF(XMPlPDFData, r.producer, r.title, r.pdfxVersion, r.trapped, r.trappedValid)
 FIELDS_OF(XMPlMMData, r.documentID, r.versionID, r.derivedFrom, r.renditionClass)
 FIELDS_OF(XMPlColorSpace, r.colorprofloc, r.colorprofname, r.colorprofdesc)
+FIELDS_OF(XMPlUsedDigFilmRef, r.instanceID, r.renditionClass)
 FIELDS_OF(XMPlExtRef, r.instanceID, r.renditionClass, r.pagenr, r.type, r.count)
 FIELDS_OF(XMPlFont, r.name, r.type, r.location, r.protection, r.fontfile)
 FIELDS_OF(XMPlBarcode, r.type, r.symbolType, r.code, r.code2, r.resolution, r.barWidthReduction,
@@ -58,6 +59,7 @@ FIELDS_OF(XMPlSmartName, r.name, r.value)
 FIELDS_OF(XMPlRepeat, r.type, r.name, r.stationname, r.vnr, r.hnr, r.front, r.frontpage, r.back,
           r.backpage, r.count)
 FIELDS_OF(XMPlCadReg, r.instanceID, r.renditionClass, r.stationname, r.orientation, r.orgX, r.orgY)
+FIELDS_OF(XMPlMetaDataDigFilm, r.dimdata, r.ink, r.screens, r.uRefs)
 #undef FIELDS_OF
 
 // For each field, whether a default record equals one that differs in that field alone.

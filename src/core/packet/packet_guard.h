@@ -1,42 +1,69 @@
-// One pass over a packet before the toolkit parses it. It refuses what would take the toolkit more
-// time, stack or memory than its size warrants, and drops the blanks between tags, which the
-// toolkit would make nodes of and then skip.
+// Judges a packet while it is parsed. Every way of reading shows it the same events, with names and
+// namespaces decoded by the XML parser, so that no way takes what another refuses.
 #pragma once
 
+#include <array>
 #include <cstddef>
+#include <cstdint>
+#include <set>
 #include <stdexcept>
 #include <string>
 #include <string_view>
-#include <vector>
 
-#include "core/namespaces.h"
+#include "core/packet/limits.h"
 
 namespace xmpl {
 
-namespace limits {
-// The toolkit recurses over elements, and its indentation grows with their depth.
-inline constexpr std::size_t kElementDepth = 128;
-// It searches the attributes of an element, and the named children of one, from the first.
-inline constexpr std::size_t kAttributes = 4096;
-inline constexpr std::size_t kNamedChildren = 16384;  // also: properties of all rdf:Description
-inline constexpr std::size_t kNameSearches = std::size_t{1} << 30;  // names compared, in all
-// It keeps every namespace until the process ends.
-inline constexpr std::size_t kNamespaces = 1024;
-inline constexpr std::size_t kTextBytes = std::size_t{256} << 20;
-inline constexpr std::size_t kSerialisedBytes = std::size_t{1} << 30;  // as estimated
-}  // namespace limits
-
-// Tells which limit, and where.
+// Tells which limit; where the parser stood, its driver adds.
 class PacketRefused : public std::runtime_error {
   using std::runtime_error::runtime_error;
 };
 
-struct GuardedPacket {
-  std::string text;                                // what the toolkit shall parse
-  std::vector<NamespaceDeclaration> declarations;  // one for each URI
+// What the guard must know of a namespace: one for each URI.
+struct GuardedSchema {
+  bool isOwn = false;               // it is in the library's table
+  std::uint32_t namedChildren = 0;  // top-level properties of it
 };
 
-// Throws PacketRefused for a packet over a limit. What is not well formed is left to the toolkit.
-GuardedPacket guardPacket(std::string_view packet);
+// What the guard must know of an element's or attribute's name.
+struct GuardedName {
+  // `syntax`: says how a property is written and is none, as rdf:parseType and xml:lang.
+  enum class Role : std::uint8_t { other, item, array, description, rdf, syntax };
+
+  Role role = Role::other;
+  bool isOwn = false;  // as a top-level property
+  std::uint32_t localBytes = 0;
+  GuardedSchema* schema = nullptr;
+};
+
+class PacketGuard {
+ public:
+  // Each throws PacketRefused.
+  [[noreturn]] static void refuseDoctype();
+  void declare(std::string_view prefix, std::string_view uri);
+  void startElement(const GuardedName& name);
+  void attribute(const GuardedName& name);  // of the element that was started last
+  void endElement() { --depth_; }
+
+  std::size_t deepest() const { return deepest_; }
+
+ private:
+  struct Element {
+    GuardedName::Role role;
+    bool isTopLevel;  // an rdf:Description in an rdf:RDF
+    std::uint32_t namedChildren;
+  };
+
+  void countChild(Element& parent, const GuardedName& name);
+
+  std::array<Element, limits::kElementDepth + 1> open_{};  // the first stands for the document
+  std::size_t depth_ = 0;
+  std::size_t deepest_ = 0;
+  std::set<std::string, std::less<>> foreign_;  // namespaces
+};
+
+// Of a namespace's URI and a local name, as the XML parser decodes them.
+GuardedName guardedName(std::string_view uri, std::string_view local, GuardedSchema& schema);
+GuardedSchema guardedSchema(std::string_view uri);
 
 }  // namespace xmpl

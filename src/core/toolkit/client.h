@@ -1,14 +1,11 @@
-// The doorway to the XMP Toolkit's client interface. Its headers are included here and nowhere
-// else. Two other places know the toolkit from inside: tree.cpp its nodes, expat_fence.h its
-// parser.
+// The doorway to the XMP Toolkit's client interface. Its headers are included here, by way of
+// error_text.h, and nowhere else. Two other places know the toolkit from inside: tree.cpp its
+// nodes, expat_fence.h its parser.
 #pragma once
 
 #include <string>
 
-// XMP_Error's type must be one and the same inside and outside the shared library.
-#pragma GCC visibility push(default)
-#include "XMP_Const.h"
-#pragma GCC visibility pop
+#include "core/toolkit/error_text.h"
 
 #pragma GCC diagnostic push
 #pragma GCC diagnostic ignored "-Wconversion"

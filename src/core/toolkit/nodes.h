@@ -2,6 +2,8 @@
 // what uses it is compiled from the same tree.
 #pragma once
 
+#include "core/toolkit/client.h"  // first: it says who may see the type of XMP_Error
+
 #pragma GCC diagnostic push
 #pragma GCC diagnostic ignored "-Wall"
 #pragma GCC diagnostic ignored "-Wextra"
@@ -10,7 +12,6 @@
 #pragma GCC diagnostic ignored "-Wshadow"
 #include "XMPCore/source/XMPCore_Impl.hpp"
 #include "XMPCore/source/XMPMeta.hpp"
-#include "core/toolkit/client.h"
 #pragma GCC diagnostic pop
 
 namespace xmpl {

@@ -1,20 +1,28 @@
-// Where and why expat gave up. The toolkit's own message does not say.
+// Where a parse has ended, and why. The toolkit's own message does not say.
 #pragma once
+
+#include <expat.h>
 
 #include <cstddef>
 
 namespace xmpl {
 
 struct ParseFailure {
-  const char* reason = nullptr;  // null: it has not given up
-  std::size_t line = 0;          // from 1
+  std::size_t line = 0;          // from 1; 0: the parse has not ended early
   std::size_t column = 0;        // from 1, in bytes
+  const char* reason = nullptr;  // the XML parser's; null: it was stopped
 };
 
 // That of this thread's latest parse.
 inline ParseFailure& lastParseFailure() {
   static thread_local ParseFailure failure;
   return failure;
+}
+
+inline void noteFailure(XML_Parser parser) {
+  lastParseFailure() = {static_cast<std::size_t>(XML_GetCurrentLineNumber(parser)),
+                        static_cast<std::size_t>(XML_GetCurrentColumnNumber(parser)) + 1,
+                        XML_ErrorString(XML_GetErrorCode(parser))};
 }
 
 }  // namespace xmpl

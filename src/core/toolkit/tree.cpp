@@ -143,6 +143,23 @@ const XMP_Node* findDefaultText(const XMP_Node& array) {
   return found == array.children.end() ? nullptr : *found;
 }
 
+std::size_t propertyCount(const Metadata& metadata, std::string_view schemaUri) {
+  const XMP_Node* schema = childNamed(rootOf(metadata), schemaUri);
+  return schema == nullptr ? 0 : schema->children.size();
+}
+
+void swapTrees(Metadata& a, Metadata& b) {
+  XMP_Node& first = insideOf(a).tree;
+  XMP_Node& second = insideOf(b).tree;
+  std::swap(first.options, second.options);
+  first.name.swap(second.name);
+  first.value.swap(second.value);
+  first.children.swap(second.children);
+  first.qualifiers.swap(second.qualifiers);
+  for (XMP_Node* schema : first.children) schema->parent = &first;
+  for (XMP_Node* schema : second.children) schema->parent = &second;
+}
+
 std::size_t itemCount(const XMP_Node& array) {
   return (array.options & kXMP_PropValueIsArray) == 0 ? 0 : array.children.size();
 }

@@ -25,6 +25,11 @@ const XMP_Node* findItem(const XMP_Node& array, std::size_t index);
 const XMP_Node* findDefaultText(const XMP_Node& array);  // the item in the default language
 std::size_t itemCount(const XMP_Node& array);            // 0 for what is no array
 
+// How many properties the schema has; 0 where there is none of it.
+std::size_t propertyCount(const Metadata& metadata, std::string_view schemaUri);
+
+void swapTrees(Metadata& a, Metadata& b);
+
 // A node's text; empty for an array or a structure, which simpleText refuses.
 const std::string& anyText(const XMP_Node& node);
 const std::string& simpleText(const XMP_Node& node);

@@ -1,0 +1,26 @@
+// Changes that may not be fit to be saved.
+#pragma once
+
+#include "core/toolkit/client.h"
+
+namespace xmpl {
+
+// A copy of metadata, to be changed, which takes the original's place when what came of it can be
+// saved and loaded.
+class Draft {
+ public:
+  explicit Draft(Metadata& original) : original_(original), copy_(original.Clone()) {}
+
+  Metadata& metadata() { return copy_; }
+
+  // Throws XMP_Error, and leaves the original as it was, when the copy could not be saved.
+  void commit();
+  // As above, also when what was saved could not be loaded: for names that nobody has judged.
+  void commitIfLoadable();
+
+ private:
+  Metadata& original_;
+  Metadata copy_;
+};
+
+}  // namespace xmpl

@@ -1,0 +1,98 @@
+#include "core/packet/toolkit_reader.h"
+
+#include <map>
+#include <string>
+#include <unordered_map>
+
+#include "core/namespaces.h"
+#include "core/packet/packet_guard.h"
+#include "core/packet/settle.h"
+#include "core/toolkit/nodes.h"
+#include "core/toolkit/parse_failure.h"
+#include "core/toolkit/parse_observer.h"
+#include "core/toolkit/quick_search.h"
+
+#include "source/ExpatAdapter.hpp"
+
+namespace xmpl {
+namespace {
+
+// Shows the guard what the toolkit's parser meets, and registers namespaces when it has seen them.
+class ToolkitEvents final : public ParseObserver {
+ public:
+  void declare(const char* prefix, const char* uri) override {
+    const std::string text = prefix == nullptr ? "_dflt_" : prefix;  // as the toolkit calls it
+    guard_.declare(text, uri);
+    if (std::string_view(uri) == "http://purl.org/dc/1.1/") return;  // the toolkit mends it
+    registerDeclared(text, uri);
+  }
+
+  void startElement(const char* name, const char** attributes) override {
+    guard_.startElement(find(name));
+    for (; *attributes != nullptr; attributes += 2) guard_.attribute(find(*attributes));
+  }
+
+  void endElement() override { guard_.endElement(); }
+  void doctype() override { PacketGuard::refuseDoctype(); }
+
+ private:
+  const GuardedName& find(const std::string& name) {
+    const auto known = names_.find(name);
+    if (known != names_.end()) return known->second;
+    const std::size_t separator = name.rfind('@');
+    const bool hasUri = separator != std::string::npos;
+    const std::string uri = hasUri ? name.substr(0, separator) : "";
+    const auto schema = schemas_.try_emplace(uri, guardedSchema(uri)).first;
+    const std::string_view local = std::string_view(name).substr(hasUri ? separator + 1 : 0);
+    return names_.emplace(name, guardedName(uri, local, schema->second)).first->second;
+  }
+
+  PacketGuard guard_;
+  std::map<std::string, GuardedSchema> schemas_;
+  std::unordered_map<std::string, GuardedName> names_;
+};
+
+// One parse of this thread, under the observer's eyes.
+class ObservedParse {
+ public:
+  explicit ObservedParse(ParseObserver& observer) { ParseObserver::current() = &observer; }
+  ~ObservedParse() {
+    ParseObserver::current() = nullptr;
+    QuickSearch::ofThisThread().forget();
+  }
+  ObservedParse(const ObservedParse&) = delete;
+  ObservedParse& operator=(const ObservedParse&) = delete;
+};
+
+// Past the toolkit's repair of bytes, which takes everything for UTF-8.
+void feedAsDeclared(std::string_view text, XMPMeta& metadata) {
+  metadata.tree.ClearNode();
+  metadata.xmlParser = XMP_NewExpatAdapter(ExpatAdapter::kUseGlobalNamespaces);
+  metadata.xmlParser->SetErrorCallback(&metadata.errorCallback);
+  try {
+    metadata.xmlParser->ParseBuffer(text.data(), text.size(), false);
+  } catch (...) {
+    delete metadata.xmlParser;
+    metadata.xmlParser = nullptr;
+    throw;
+  }
+  metadata.ParseFromBuffer("", 0, 0);  // the end of the packet
+}
+
+}  // namespace
+
+void readByToolkit(const PacketText& packet, Metadata& metadata) {
+  lastParseFailure() = {};  // where the plain reader has given up is no failure
+  XMPMeta& inside = insideOf(metadata);
+  ToolkitEvents events;
+  const ObservedParse observed(events);
+  const std::string_view text = packet.view();
+  if (packet.isAsDeclared()) {
+    feedAsDeclared(text, inside);
+  } else {
+    inside.ParseFromBuffer(text.data(), static_cast<XMP_StringLen>(text.size()), 0);
+  }
+  refuseUnsavable(inside.tree);
+}
+
+}  // namespace xmpl

@@ -1,0 +1,379 @@
+// The writer beside the toolkit's own serialisation: the same bytes wherever those can be loaded.
+#include "core/packet/writer.h"
+
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <fstream>
+#include <random>
+
+#include "core/toolkit/nodes.h"
+#include "support/packets.h"
+
+namespace {
+
+using xmpl::Metadata;
+
+constexpr const char* kDc = kXMP_NS_DC;
+
+// The text, or the error's.
+template <class Write>
+std::string textOf(const Write& write) {
+  std::string text;
+  try {
+    write(text);
+  } catch (const XMP_Error& error) {
+    EXPECT_EQ(text, "");
+    return xmpl::messageOf(error);
+  }
+  return text;
+}
+
+std::string written(const Metadata& metadata) {
+  return textOf([&](std::string& text) { xmpl::writePacket(metadata, text); });
+}
+
+std::string writtenByToolkit(const Metadata& metadata, XMP_OptionBits options, unsigned padding) {
+  return textOf(
+      [&](std::string& text) { metadata.SerializeToBuffer(&text, options, padding, "", "", 0); });
+}
+
+std::string writtenByToolkit(const Metadata& metadata) {
+  return writtenByToolkit(metadata, kXMP_OmitPacketWrapper, 0);
+}
+
+// Empty if the text parses, else why not.
+std::string parse(Metadata& metadata, const std::string& text) {
+  metadata.SetErrorCallback(
+      [](void*, XMP_ErrorSeverity, XMP_Int32, XMP_StringPtr) { return false; });
+  try {
+    metadata.ParseFromBuffer(text.data(), static_cast<XMP_StringLen>(text.size()));
+  } catch (const XMP_Error& error) {
+    return xmpl::messageOf(error);
+  }
+  return "";
+}
+
+bool isLoadable(const std::string& text) {
+  Metadata metadata;
+  return parse(metadata, text).empty();
+}
+
+XMP_Node& add(XMP_NodeOffspring& nodes, XMP_Node& parent, const std::string& name,
+              XMP_OptionBits options, const std::string& value = "") {
+  nodes.push_back(new XMP_Node(&parent, name, value, options));
+  return *nodes.back();
+}
+
+// A tree of its own with the schema dc.
+struct Tree {
+  Metadata metadata;
+  XMP_Node& root = xmpl::insideOf(metadata).tree;
+  XMP_Node& dc = add(root.children, root, kDc, kXMP_SchemaNode, "dc:");
+
+  XMP_Node& property(const std::string& name, const std::string& value,
+                     XMP_OptionBits options = 0) {
+    return add(dc.children, dc, name, options, value);
+  }
+};
+
+XMP_Node& qualify(XMP_Node& node, const std::string& name, const std::string& value) {
+  return add(node.qualifiers, node, name, kXMP_PropIsQualifier, value);
+}
+
+// Nodes of every form, sensible and not, that an application's calls or a packet can make.
+class RandomTree {
+ public:
+  explicit RandomTree(unsigned seed) : random_(seed) {}
+
+  void fill(XMP_Node& root) {
+    constexpr const char* kAbouts[] = {"", "", "uuid:1", "a&b", "\"/><a", "<\t>", "a>b"};
+    root.name = kAbouts[below(7)];
+    for (const auto& [prefix, uri] : schemas_) {
+      if (below(3) == 0) continue;
+      XMP_Node& schema = add(root.children, root, uri, kXMP_SchemaNode, prefix);
+      for (unsigned i = below(4); i > 0; --i) addNamed(schema, prefix);
+    }
+  }
+
+ private:
+  unsigned below(unsigned limit) { return static_cast<unsigned>(random_() % limit); }
+
+  std::string value() {
+    constexpr const char* kValues[] = {"",
+                                       "a",
+                                       "a & b < c > \"d\" 'e'",
+                                       "]]>",
+                                       "tab\tline\nreturn\r",
+                                       "\xC3\xA4\xE2\x82\xAC",
+                                       "sixteen bytes ab",
+                                       "thirty bytes and more of text & then some \"quoted\" ones",
+                                       " "};
+    return kValues[below(9)];
+  }
+
+  void addNamed(XMP_Node& parent, std::string prefix) {
+    constexpr const char* kLocals[] = {"a", "b", "title", "RDF", "li", "type", "x\xC3\xA4", "c]"};
+    const unsigned local = below(200) == 0 ? below(8) : below(3);
+    if (below(300) == 0 && (parent.options & kXMP_SchemaNode) == 0) prefix = "rdf:";
+    const std::string name = prefix + kLocals[local];
+    for (const XMP_Node* child : parent.children) {
+      if (child->name == name) return;
+    }
+    fillNode(add(parent.children, parent, name, 0), 0);
+  }
+
+  void fillNode(XMP_Node& node, int depth) {
+    constexpr XMP_OptionBits kForms[] = {0x200, 0x600, 0xE00, 0x1E00, 0x100, 0x100};
+    const unsigned form = depth > 5 ? 9 : below(12);
+    if (form < 6) {
+      node.options |= kForms[form];
+      for (unsigned i = below(4); i > 0; --i) addChild(node, depth);
+    } else {
+      if (form == 6) node.options |= kXMP_PropValueIsURI;
+      node.value = value();
+    }
+    if (below(4) == 0) addQualifiers(node, depth);
+  }
+
+  void addChild(XMP_Node& node, int depth) {
+    if ((node.options & kXMP_PropValueIsArray) == 0) {
+      return addNamed(node, schemas_[below(5)].first);
+    }
+    XMP_Node& item = add(node.children, node, "[]", 0);
+    fillNode(item, depth + 1);
+    const bool hasLang = !item.qualifiers.empty() && item.qualifiers[0]->name == "xml:lang";
+    if ((node.options & kXMP_PropArrayIsAltText) == 0 || hasLang || below(20) == 0) return;
+    XMP_Node& language = qualify(item, "xml:lang", below(2) == 0 ? "x-default" : "de");
+    std::rotate(item.qualifiers.begin(), item.qualifiers.end() - 1, item.qualifiers.end());
+    EXPECT_EQ(item.qualifiers[0], &language);
+  }
+
+  void addQualifiers(XMP_Node& node, int depth) {
+    constexpr const char* kOdd[] = {"rdf:resource", "rdf:nodeID", "rdf:bagID",
+                                    "rdf:about",    "rdf:value",  "rdf:li"};
+    if (below(2) == 0) qualify(node, "xml:lang", "x-default");
+    if (below(8) == 0) qualify(node, "rdf:type", value()).options |= kXMP_PropValueIsURI;
+    if (below(20) == 0) qualify(node, "rdf:ID", "a");
+    if (below(10) == 0) qualify(node, kOdd[below(6)], "u?a&b");
+    if (below(2) == 0) fillNode(qualify(node, "stRef:q", ""), depth + 1);
+    if (below(6) == 0) fillNode(qualify(node, "xmpMM:r", ""), depth + 1);
+  }
+
+  std::mt19937 random_;
+  const std::pair<std::string, const char*> schemas_[5] = {
+      {"dc:", kDc},          {"xmpMM:", kXMP_NS_XMP_MM}, {"pdf:", kXMP_NS_PDF},
+      {"rdf:", kXMP_NS_RDF}, {"exif:", kXMP_NS_EXIF},
+  };
+};
+
+// What this library wrote can be loaded; what it refused, in its own words, cannot be. Where the
+// toolkit's own text can be loaded, it is the same.
+void expectAlike(const std::string& ours, const std::string& toolkits) {
+  const bool isToolkits = ours == toolkits;
+  const bool isText = ours.starts_with("<x:xmpmeta");
+  EXPECT_TRUE(isToolkits || isText || ours.starts_with("Packet not written: ")) << ours;
+  const bool losesTabs = toolkits.find('\t') != std::string::npos;  // left in an attribute
+  EXPECT_EQ(isToolkits && isText, isLoadable(toolkits) && !losesTabs)
+      << ours << "\nby the toolkit:\n"
+      << toolkits;
+  EXPECT_EQ(isText, isLoadable(ours)) << ours;
+}
+
+void expectAlikePadded(const Metadata& metadata) {
+  for (const unsigned padding : {0U, 1U, 2U, 100U, 101U, 102U, 2050U, 1U << 28}) {
+    const auto write = [&](std::string& text) { xmpl::writeWrapped(metadata, padding, text); };
+    ASSERT_EQ(textOf(write), writtenByToolkit(metadata, 0, padding)) << padding;
+  }
+}
+
+std::vector<std::string> packetsIn(const std::string& file) {
+  std::vector<std::string> packets;
+  for (std::size_t begin = 0; (begin = file.find("<x:xmpmeta", begin)) != std::string::npos;) {
+    const std::size_t end = file.find("</x:xmpmeta>", begin);
+    if (end == std::string::npos) break;
+    packets.push_back(file.substr(begin, end + 12 - begin));
+    begin = end;
+  }
+  return packets;
+}
+
+}  // namespace
+
+TEST(Writer, WritesRandomTreesAsTheToolkitDoesOrSoThatTheyLoad) {
+  XMPlib started;
+  for (unsigned seed = 0; seed < 3000; ++seed) {
+    Metadata metadata;
+    RandomTree(seed).fill(xmpl::insideOf(metadata).tree);
+    const Metadata clone = metadata.Clone();
+    const std::string ours = written(metadata);
+    expectAlike(ours, writtenByToolkit(clone));
+    // Language alternatives are moved alike.
+    EXPECT_TRUE(!ours.starts_with('<') || written(metadata) == written(clone));
+    ASSERT_FALSE(testing::Test::HasFailure()) << seed;
+  }
+}
+
+TEST(Writer, WritesEveryPacketOfTheSamplesAsTheToolkitDoes) {
+  XMPlib started;
+  std::size_t packets = 0;
+  for (const auto& entry : std::filesystem::directory_iterator(XMPLIB_TEST_SAMPLES)) {
+    std::ifstream file(entry.path(), std::ios::binary);
+    for (const std::string& text : packetsIn({std::istreambuf_iterator<char>(file), {}})) {
+      Metadata metadata;
+      if (!parse(metadata, text).empty()) continue;  // pieces of another lie within
+      ASSERT_EQ(written(metadata), writtenByToolkit(metadata)) << entry.path();
+      expectAlikePadded(metadata);
+      ++packets;
+    }
+  }
+  EXPECT_GE(packets, 17U);
+}
+
+TEST(Writer, EscapesWhatTheToolkitForgets) {
+  XMPlib xmp;
+  xmp.SetXML(
+      "<rdf:RDF xmlns:rdf='http://www.w3.org/1999/02/22-rdf-syntax-ns#'>"
+      "<rdf:Description rdf:about='x?a&amp;b\"&gt;&#9;' xmlns:w='http://writer.example/?a&amp;b'>"
+      "<w:a>1</w:a></rdf:Description></rdf:RDF>");
+  XMPlib second;
+  second.SetXML(xmp.GetXML());
+  EXPECT_EQ(second.ErrStr(), "");
+  EXPECT_NE(second.GetXML().find("rdf:about=\"x?a&amp;b&quot;>&#x9;\""), std::string::npos);
+
+  Tree tree;
+  XMP_Node& structure = tree.property("dc:s", "", kXMP_PropValueIsStruct);
+  qualify(structure, "rdf:resource", "r&s");
+  add(structure.children, structure, "dc:f", 0, "<\"&\n");
+  EXPECT_NE(written(tree.metadata)
+                .find("<dc:s rdf:resource=\"r&amp;s\"\n"
+                      "             dc:f=\"&lt;&quot;&amp;&#xA;\"/>"),
+            std::string::npos);
+}
+
+TEST(Writer, RefusesWhatTheToolkitRefusesInItsWords) {
+  const XMPlib started;
+  Tree both;
+  XMP_Node& node = both.property("dc:a", "");
+  qualify(node, "rdf:resource", "r");
+  qualify(node, "dc:q", "q");
+  EXPECT_EQ(written(both.metadata), "Can't mix rdf:resource and general qualifiers");
+
+  Tree nested;
+  XMP_Node& structure = nested.property("dc:s", "", kXMP_PropValueIsStruct);
+  qualify(structure, "rdf:resource", "r");
+  add(structure.children, structure, "dc:f", kXMP_PropValueIsURI, "u");
+  EXPECT_EQ(written(nested.metadata), "Can't mix rdf:resource and complex fields");
+
+  Tree plain;
+  XMP_Node& title = plain.property("dc:title", "", 0x1E00);
+  add(title.children, title, "[]", 0, "no language");
+  EXPECT_EQ(written(plain.metadata), "AltText array items must have an xml:lang qualifier");
+}
+
+TEST(Writer, RefusesTreesThatAreHalfMade) {
+  const XMPlib started;
+  const std::string incomplete = "Packet not written: the metadata is incomplete";
+  Tree child;
+  child.property("dc:a", "", kXMP_PropValueIsStruct).children.push_back(nullptr);
+  EXPECT_EQ(written(child.metadata), incomplete);
+  Tree item;
+  item.property("dc:a", "", 0x1E00).children.push_back(nullptr);
+  EXPECT_EQ(written(item.metadata), incomplete);
+  Tree qualifier;
+  qualifier.property("dc:a", "").qualifiers.push_back(nullptr);
+  EXPECT_EQ(written(qualifier.metadata), incomplete);
+  Tree schema;
+  schema.root.children.push_back(nullptr);
+  EXPECT_EQ(written(schema.metadata), incomplete);
+}
+
+TEST(Writer, RefusesNamesThatNoLoadTakes) {
+  const XMPlib started;
+  const std::string unread = "Packet not written: a name that cannot be read again";
+  const std::pair<std::string, std::string> kNames[] = {
+      {"dc:", unread},
+      {"dc", unread},
+      {"", unread},
+      {":a", unread},
+      {"dc:a:b", unread},
+      {"dc:1", unread},
+      {"dc:a]", unread},
+      {"dc:a b", unread},
+      {"dc:a\xE2\x80\x8C", unread},     // U+200C
+      {"dc:\xF0\x90\x80\x80", unread},  // U+10000
+      {"xmlns:a", unread},
+      {"rdf:li", unread},
+      {"rdf:Description", unread},
+      {"nobodys:a", "Packet not written: a prefix without a namespace"},
+      {"dc:" + std::string(257, 'a'), "Packet not written: a name that is too long"},
+  };
+  for (const auto& [name, why] : kNames) {
+    Tree tree;
+    tree.property(name, "v");
+    EXPECT_EQ(written(tree.metadata), why) << name;
+    Tree qualified;
+    qualify(qualified.property("dc:a", "v"), name, "q");
+    EXPECT_EQ(written(qualified.metadata), why) << name;
+  }
+  Tree value;  // would become the value of the structure around it
+  XMP_Node& structure = value.property("dc:s", "", kXMP_PropValueIsStruct);
+  add(structure.children, structure, "rdf:value", 0, "v");
+  EXPECT_EQ(written(value.metadata), unread);
+  for (const std::string& name : {"dc:" + std::string(256, 'a'), std::string("dc:\xE7\xB4\x99")}) {
+    Tree tree;
+    tree.property(name, "v");
+    EXPECT_TRUE(isLoadable(written(tree.metadata))) << name;
+  }
+}
+
+// A property at level 4 of the text; each structure is one level more, each array two.
+TEST(Writer, RefusesMoreThan128LevelsOfElements) {
+  const XMPlib started;
+  const auto nested = [](int structures, bool isArrayWithin) {
+    Tree tree;
+    XMP_Node* node = &tree.property("dc:a", "");
+    for (int i = 0; i < structures; ++i) {
+      node->options = kXMP_PropValueIsStruct;
+      node = &add(node->children, *node, "dc:a", 0, "v");
+    }
+    if (isArrayWithin) *node = XMP_Node(node->parent, "dc:a", kXMP_PropValueIsArray);
+    return written(tree.metadata);
+  };
+  const std::string tooDeep = "Packet not written: more than 128 levels of elements";
+  EXPECT_TRUE(isLoadable(nested(124, false)));
+  EXPECT_EQ(nested(125, false), tooDeep);
+  EXPECT_TRUE(isLoadable(nested(123, true)));  // the empty array is an element
+  EXPECT_EQ(nested(124, true), tooDeep);
+}
+
+TEST(Writer, RefusesMoreThan1024ForeignNamespaces) {
+  const XMPlib started;
+  Tree tree;
+  const auto addSchema = [&](int number) {
+    const std::string uri = "http://writer.example/" + std::to_string(number);
+    std::string prefix;
+    Metadata::RegisterNamespace(uri.c_str(), ("wr" + std::to_string(number)).c_str(), &prefix);
+    XMP_Node& schema = add(tree.root.children, tree.root, uri, kXMP_SchemaNode, prefix);
+    add(schema.children, schema, prefix + "a", 0, "v");
+  };
+  for (int i = 0; i < 1024; ++i) addSchema(i);
+  tree.property("dc:a", "the library's own does not count");
+  EXPECT_EQ(written(tree.metadata), writtenByToolkit(tree.metadata));
+  addSchema(1024);
+  EXPECT_EQ(written(tree.metadata), "Packet not written: more than 1,024 namespaces");
+}
+
+TEST(Writer, RefusesMoreThan256MiBOfText) {
+  const XMPlib started;
+  Tree tree;
+  XMP_Node& node = tree.property("dc:a", "");
+  const std::size_t around = written(tree.metadata).size() - 2 + 8;  // <dc:a/>, <dc:a></dc:a>
+  node.value.assign((256U << 20) - around, 'v');
+  EXPECT_EQ(written(tree.metadata).size(), 256U << 20);
+  const std::string tooMuch = "Packet not written: more than 256 MiB of text";
+  const auto wrap = [&](std::string& text) { xmpl::writeWrapped(tree.metadata, 1, text); };
+  EXPECT_EQ(textOf(wrap), tooMuch);
+  node.value.assign(64U << 20, '&');
+  EXPECT_EQ(written(tree.metadata), tooMuch);
+}

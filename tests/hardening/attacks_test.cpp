@@ -1,0 +1,226 @@
+// Packets and calls that once crashed the library, spoilt other documents, left metadata that could
+// not be saved, or took time and memory out of all proportion.
+#include <gtest/gtest.h>
+
+#include <chrono>
+
+#include "core/toolkit/client.h"
+#include "support/packets.h"
+
+namespace {
+
+std::string rdf(const std::string& description) {
+  return "<rdf:RDF xmlns:rdf='http://www.w3.org/1999/02/22-rdf-syntax-ns#'"
+         " xmlns:dc='http://purl.org/dc/elements/1.1/' xmlns:atk='http://attack.example/'"
+         " xmlns:tiff='http://ns.adobe.com/tiff/1.0/' xmlns:pdf='http://ns.adobe.com/pdf/1.3/'>" +
+         description + "</rdf:RDF>";
+}
+
+std::string described(const std::string& content, const std::string& attributes = "rdf:about=''") {
+  return rdf("<rdf:Description " + attributes + ">" + content + "</rdf:Description>");
+}
+
+template <class Text>
+std::string numbered(std::size_t count, Text text) {
+  std::string all;
+  for (std::size_t i = 0; i < count; ++i) all += text(std::to_string(i));
+  return all;
+}
+
+std::string wide(const std::u16string& text) {
+  std::string bytes = "\xff\xfe";
+  for (const char16_t c : text) {
+    bytes += static_cast<char>(c & 0xFF);
+    bytes += static_cast<char>(c >> 8);
+  }
+  return bytes;
+}
+
+std::u16string widened(const std::string& ascii) { return {ascii.begin(), ascii.end()}; }
+
+// What is in the handle can be saved, and says the same when it is loaded again.
+void expectToSurviveATrip(const XMPlib& xmp) {
+  const std::string saved = xmp.GetXMLPacket(false, 1);
+  EXPECT_EQ(xmp.ErrStr(), "");
+  XMPlib again;
+  again.SetXML(saved);
+  EXPECT_EQ(again.ErrStr(), "") << saved;
+  EXPECT_EQ(again.GetXMLPacket(false, 1), saved);
+}
+
+double secondsToLoad(const std::string& packet) {
+  double least = 1e9;
+  for (int i = 0; i < 3; ++i) {
+    XMPlib xmp;
+    const auto begin = std::chrono::steady_clock::now();
+    xmp.SetXML(packet);
+    const std::chrono::duration<double> taken = std::chrono::steady_clock::now() - begin;
+    least = std::min(least, taken.count());
+  }
+  return least;
+}
+
+std::string plainList(std::size_t bytes) {
+  const std::string item = "<rdf:li>an item of a list</rdf:li>";
+  return described("<atk:list><rdf:Bag>" +
+                   numbered(bytes / item.size(), [&](const std::string&) { return item; }) +
+                   "</rdf:Bag></atk:list>");
+}
+
+}  // namespace
+
+TEST(Attacks, AboutIsSavedEscaped) {
+  for (const char* about : {"'http://x/?a=1&amp;b=2'", "'\"&gt;&lt;dc:format>x&lt;/dc:format>'",
+                            "\"it's &#10; &#9;\""}) {
+    XMPlib xmp;
+    xmp.SetXML(described("<atk:p>1</atk:p>", std::string("rdf:about=") + about));
+    EXPECT_EQ(xmp.ErrStr(), "");
+    expectToSurviveATrip(xmp);
+    EXPECT_TRUE(stored(xmp).ends_with("<atk:p>1</atk:p>")) << stored(xmp);
+  }
+}
+
+TEST(Attacks, ARefusedPacketLeavesNothing) {
+  const char* const kContents[] = {
+      "<atk:p>1</atk:p><atk:p>2</atk:p>",
+      "<atk:p rdf:parseType='Resource'><rdf:value>v</rdf:value><atk:q>1</atk:q><atk:q>2</atk:q></atk:p>",
+      "<atk:p xml:lang='de' rdf:parseType='Resource'><rdf:value xml:lang='en'>v</rdf:value></atk:p>",
+      "<atk:p rdf:parseType='Resource'><rdf:value atk:q='1' rdf:value='v'/><atk:q>2</atk:q></atk:p>",
+      "<atk:s rdf:parseType='Resource'><atk:p>1</atk:p>mixed</atk:s>",
+      "<atk:p>1</atk:p><atk:q rdf:parseType='Literal'>x</atk:q>",
+  };
+  for (const char* content : kContents) {
+    XMPlib xmp;
+    EXPECT_TRUE(xmp.SetNrPages(1));
+    xmp.SetXML(described(content));
+    EXPECT_NE(xmp.ErrStr(), "") << content;
+    EXPECT_EQ(stored(xmp), "") << content;
+    EXPECT_TRUE(xmp.SetNrPages(2));
+    expectToSurviveATrip(xmp);
+  }
+}
+
+TEST(Attacks, NamesOutsideAsciiComeBackFromUtf16) {
+  std::u16string text = widened(described("<1:p xmlns:1='http://attack.example/?2'>3</1:p>"));
+  for (char16_t& c : text) {
+    if (c == u'1' && (&c)[1] == u':') c = u'\u4e00';
+    if (c == u'1' && (&c)[1] == u'=') c = u'\u4e00';
+    if (c == u'2' && (&c)[1] == u'\'') c = u'\u00e9';
+  }
+  XMPlib xmp;
+  xmp.SetXML(wide(text));
+  EXPECT_EQ(xmp.ErrStr(), "");
+  EXPECT_EQ(stored(xmp), "<\u4e00:p>3</\u4e00:p>");
+  expectToSurviveATrip(xmp);
+}
+
+TEST(Attacks, NothingUnderAnAliasIsLost) {
+  const std::string alternative =
+      "<rdf:Alt><rdf:li xml:lang=\"x-default\">A barn</rdf:li><rdf:li xml:lang=\"de\">Scheune"
+      "</rdf:li><rdf:li xml:lang=\"fr\">Grange</rdf:li></rdf:Alt>";
+  for (const char* odd : {"", "<atk:odd rdf:ID='i'/>"}) {  // by either reader
+    XMPlib photo;
+    photo.SetXML(
+        described("<tiff:ImageDescription>" + alternative + "</tiff:ImageDescription>" + odd));
+    EXPECT_NE(stored(photo).find("<dc:description>" + alternative), std::string::npos);
+    expectToSurviveATrip(photo);
+    XMPlDocData data;
+    EXPECT_TRUE(photo.GetDocumentData(data));
+    EXPECT_EQ(data.description, "A barn");
+
+    XMPlib structured;
+    structured.SetXML(described("<pdf:Title rdf:parseType='Resource'><atk:f>kept</atk:f></pdf:Title>" +
+                                std::string(odd)));
+    expectToSurviveATrip(structured);
+    EXPECT_NE(stored(structured).find("<atk:f>kept</atk:f>"), std::string::npos);
+  }
+}
+
+TEST(Attacks, SetsLeaveWhatCanBeSaved) {
+  Loaded xmp("<vxGr:nrpages>3</vxGr:nrpages>");
+  const char* const ns = "http://ns.orvo.example/xmp/grinfo/1.0/";
+  const std::string before = stored(xmp);
+  const std::string longName(257, 'n');
+  for (const std::string name :
+       {"a\u200c", "\U00010000", "\ufffd", "list[1]/vxGr:\u200c", longName.c_str()}) {
+    EXPECT_THROW(xmp.SetProperty_Float(ns, name.c_str(), 1), XMP_Error) << name;
+    EXPECT_EQ(stored(xmp), before) << name;
+  }
+  std::string deep = "d";
+  for (int i = 0; i < 140; ++i) deep += "/vxGr:d";
+  EXPECT_THROW(xmp.SetProperty_Float(ns, deep.c_str(), 1), XMP_Error);
+  EXPECT_EQ(stored(xmp), before);
+  xmp.SetProperty_Float(ns, "\u00e9t\u00e9", 1.5);  // a name
+  xmp.SetProperty_Float(ns, "s/vxInk:f", 2);
+  expectToSurviveATrip(xmp);
+  int written = 0;
+  try {
+    for (; written < 3000; ++written) {
+      xmp.SetProperty_Float(ns, ("p" + std::to_string(written)).c_str(), written);
+    }
+  } catch (const XMP_Error&) {
+  }
+  EXPECT_EQ(written, 2046);  // with the two above, as many as a packet may hold
+  expectToSurviveATrip(xmp);
+}
+
+TEST(Attacks, MergesLeaveWhatCanBeSaved) {
+  XMPlib alternative, bag;
+  alternative.SetXML(described("<atk:p><rdf:Alt><rdf:li xml:lang='de'>d</rdf:li></rdf:Alt></atk:p>"));
+  bag.SetXML(
+      described("<atk:p><rdf:Bag><rdf:li>1</rdf:li><rdf:li>2</rdf:li></rdf:Bag></atk:p><atk:q>3</atk:q>"));
+  const std::string before = stored(alternative);
+  EXPECT_THROW(alternative.MergeNonOrvo(&bag), XMP_Error);
+  EXPECT_EQ(stored(alternative), before);
+  const auto manyNamespaces = [](const std::string& uri) {
+    return described("<atk:l><rdf:Bag>" +
+                     numbered(700,
+                              [&](const std::string& i) {
+                                return "<rdf:li><rdf:Description n:p='' xmlns:n='http://" + uri +
+                                       i + ".example/'/></rdf:li>";
+                              }) +
+                     "</rdf:Bag></atk:l>");
+  };
+  XMPlib one, two;
+  one.SetXML(manyNamespaces("one"));
+  two.SetXML(manyNamespaces("two"));
+  const std::string oneBefore = stored(one);
+  EXPECT_THROW(one.MergeNonOrvo(&two), XMP_Error);
+  EXPECT_EQ(stored(one), oneBefore);
+  expectToSurviveATrip(one);
+}
+
+// Each as many bytes as a plain list that it is held against.
+TEST(Attacks, LoadInTimeInStepWithTheText) {
+  constexpr std::size_t kBytes = 300'000;
+  const auto fields = [](std::size_t count) {
+    return numbered(count, [](const std::string& i) { return "<atk:f" + i + "/>"; });
+  };
+  const std::string odd = "<atk:odd rdf:ID='i'/>";  // only the toolkit's reader takes it
+  const std::string structure = "<rdf:li rdf:parseType='Resource'>" + fields(2000) + "</rdf:li>";
+  const std::string qualified =
+      "<rdf:li rdf:parseType='Resource'><rdf:value>v</rdf:value>" + fields(2000) + "</rdf:li>";
+  const auto repeated = [&](const std::string& text) {
+    return numbered(kBytes / text.size(), [&](const std::string&) { return text; });
+  };
+  const std::pair<const char*, std::string> kPackets[] = {
+      {"structures", described(odd + "<atk:l><rdf:Bag>" + repeated(structure) + "</rdf:Bag></atk:l>")},
+      {"qualifiers", described(odd + "<atk:l><rdf:Bag>" + repeated(qualified) + "</rdf:Bag></atk:l>")},
+      {"too many", described(odd + fields(kBytes / 10))},
+      {"lines", described(odd + "<atk:p>" + std::string(kBytes, '\n') + "</atk:p>")},
+      {"controls", described("<atk:p atk:q='" + std::string(kBytes, '\x01') + "'/>")},
+      {"references", described("<atk:p>" + repeated("&amp;") + "</atk:p>")},
+      {"one prefix", described("<atk:l><rdf:Bag>" +
+                               numbered(1000,
+                                        [](const std::string& i) {
+                                          return "<rdf:li xmlns:n='http://attack.example/" +
+                                                 std::string(200, 'u') + i + "'/>";
+                                        }) +
+                               "</rdf:Bag></atk:l>")},
+      {"comments", described(odd + repeated("<!---->"))},
+  };
+  const double plain = secondsToLoad(plainList(kBytes));
+  for (const auto& [name, packet] : kPackets) {
+    EXPECT_LT(secondsToLoad(packet) / plain, 20) << name;
+  }
+}

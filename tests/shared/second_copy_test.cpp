@@ -1,0 +1,138 @@
+// A second copy of the library in one process, as a plug-in brings it along: loaded from a file of
+// its own, beside the one that the application is linked with.
+#include <XMP_Const.h>
+#include <XMPlib.h>
+#include <dlfcn.h>
+#include <gtest/gtest.h>
+
+#include <array>
+#include <cstddef>
+#include <exception>
+#include <filesystem>
+#include <memory>
+#include <new>
+#include <stdexcept>
+#include <string>
+#include <thread>
+
+#include "support/failing_memory.h"
+
+namespace {
+
+struct Close {
+  void operator()(void* library) const { dlclose(library); }
+};
+using Library = std::unique_ptr<void, Close>;
+
+// Another file, for the loader takes the same one for the same library.
+Library loadCopy(const std::string& name, int scope) {
+  const std::filesystem::path copy = std::filesystem::temp_directory_path() / (name + ".so");
+  std::filesystem::copy_file(XMPLIB_TEST_LIBRARY, copy,
+                             std::filesystem::copy_options::overwrite_existing);
+  Library library(dlopen(copy.c_str(), RTLD_NOW | scope));
+  std::filesystem::remove(copy);
+  return library;
+}
+
+// A handle of the library that was loaded, called by the names that its functions have there.
+class Handle {
+ public:
+  explicit Handle(void* library) : library_(library) { call<void>("_ZN6XMPlibC1Ev"); }
+  ~Handle() { call<void>("_ZN6XMPlibD1Ev"); }
+  Handle(const Handle&) = delete;
+  Handle& operator=(const Handle&) = delete;
+
+  bool load(const std::string& text) {
+    return call<bool>("_ZN6XMPlib6SetXMLERKNSt7__cxx1112basic_stringIcSt11char_traitsIcESaIcEEE",
+                      &text);
+  }
+  std::string saved() { return *call<const std::string*>("_ZNK6XMPlib6GetXMLB5cxx11Ev"); }
+  void setReal(const char* schema) {
+    call<void>("_ZN6XMPlib17SetProperty_FloatEPKcS1_d", schema, "x", 1.0);
+  }
+
+ private:
+  template <class Result, class... Arguments>
+  Result call(const char* name, Arguments... arguments) {
+    void* function = dlsym(library_, name);
+    if (function == nullptr) throw std::runtime_error(name);
+    return reinterpret_cast<Result (*)(void*, Arguments...)>(function)(memory_.data(),
+                                                                       arguments...);
+  }
+
+  void* library_;
+  alignas(XMPlib) std::array<std::byte, sizeof(XMPlib)> memory_;
+};
+
+std::string packet(const std::string& number) {
+  return "<rdf:RDF xmlns:rdf='http://www.w3.org/1999/02/22-rdf-syntax-ns#'><rdf:Description "
+         "rdf:about='' xmlns:p" +
+         number + "='http://copies.example/'><p" + number + ":a>" + number + "</p" + number +
+         ":a></rdf:Description></rdf:RDF>";
+}
+
+void expectBothToWork(void* copy, const std::string& copysPrefix) {
+  XMPlib ours;
+  Handle theirs(copy);
+  ours.SetXML(packet("1"));
+  theirs.load(packet("2"));
+  EXPECT_NE(ours.GetXML().find("<p1:a>1</p1:a>"), std::string::npos) << ours.GetXML();
+  const std::string tag = copysPrefix + ":a>";
+  EXPECT_NE(theirs.saved().find("<" + tag + "2</" + tag), std::string::npos) << theirs.saved();
+  try {
+    theirs.setReal("http://unknown.example/");
+    ADD_FAILURE() << "no error";
+  } catch (const XMP_Error& error) {
+    EXPECT_STREQ(error.GetErrMsg(), "Unregistered schema namespace URI");
+  }
+}
+
+}  // namespace
+
+// Each copy has its own tables: the prefix that the other gave the namespace is unknown to it.
+TEST(SecondCopy, WorksBesideTheFirst) {
+  for (const int scope : {RTLD_LOCAL, RTLD_GLOBAL}) {
+    const Library copy = loadCopy("second" + std::to_string(scope), scope);
+    ASSERT_NE(copy, nullptr) << dlerror();
+    expectBothToWork(copy.get(), "p2");
+  }
+}
+
+// The last handle of the loader goes before the error that the library threw.
+TEST(SecondCopy, IsUnloadedWithoutHarm) {
+  std::exception_ptr thrown;
+  {
+    const Library copy = loadCopy("unloaded", RTLD_LOCAL);
+    ASSERT_NE(copy, nullptr) << dlerror();
+    try {
+      Handle(copy.get()).setReal("http://unknown.example/");
+    } catch (const XMP_Error&) {
+      thrown = std::current_exception();
+    }
+  }
+  ASSERT_TRUE(thrown);
+  thrown = nullptr;
+  XMPlib ours;
+  EXPECT_TRUE(ours.SetNrPages(1));
+}
+
+// What a library keeps for each thread, the loader may make only when it is first needed; it ends
+// the process when that fails.
+TEST(SecondCopy, NeedsNoMemoryForAThreadOfItsOwn) {
+  if (!reachesMalloc()) GTEST_SKIP() << "the loader's memory is the sanitizer's";
+  const Library copy = loadCopy("threads", RTLD_LOCAL);
+  ASSERT_NE(copy, nullptr) << dlerror();
+  Handle handle(copy.get());
+  for (long passing = 0; passing < 50; ++passing) {
+    std::thread([&] {
+      runOutAfter(passing, Shortage::forGood);
+      try {
+        handle.load("<a/>");
+      } catch (const XMP_Error&) {
+      } catch (const std::bad_alloc&) {
+      }
+      endShortage();
+    }).join();
+  }
+  EXPECT_TRUE(handle.load(packet("1")));
+}
