@@ -131,6 +131,19 @@ void writeFont(Meta& meta, FieldPath& path, const XMPlFont& font) {
   meta.SetProperty_Bool(kFontList, path.field("vxFont:protection"), font.protection);
 }
 
+void writeRef(Meta& meta, FieldPath& path, const XMPlExtRef& ref) {
+  meta.SetProperty(kFileList, path.field("vxExtF:instanceID"), ref.instanceID);
+  meta.SetProperty(kFileList, path.field("vxExtF:renditionClass"), ref.renditionClass);
+  meta.SetProperty_Int(kFileList, path.field("vxExtF:pagenr"), ref.pagenr);
+  meta.SetProperty(kFileList, path.field("vxExtF:type"), ref.type);
+  meta.SetProperty_Int(kFileList, path.field("vxExtF:count"), ref.count);
+}
+
+void writeOldRef(Meta& meta, FieldPath& path, const XMPlExtRef& ref) {
+  meta.SetProperty(kOldFileList, path.field("stRef:instanceID"), ref.instanceID);
+  meta.SetProperty(kOldFileList, path.field("stRef:renditionClass"), ref.renditionClass);
+}
+
 }  // namespace
 
 void parse(Meta& meta, const std::string& packet) {
@@ -177,6 +190,21 @@ void writeFonts(Meta& meta, const Fonts& fonts) {
   for (const XMPlFont& font : fonts) {
     path.toItem(++index);
     writeFont(meta, path, font);
+  }
+}
+
+void writeRefs(Meta& meta, const Refs& refs) {
+  recreateArray(meta, kFileList, "vxExtFL2:files", kXMP_PropValueIsArray);
+  recreateArray(meta, kOldFileList, "vxExtFL:files", kXMP_PropValueIsArray);
+  FieldPath path("vxExtFL2:files");
+  FieldPath oldPath("vxExtFL:files");
+  XMP_Index index = 0;
+  for (const XMPlExtRef& ref : refs) {
+    ++index;
+    path.toItem(index);
+    writeRef(meta, path, ref);
+    oldPath.toItem(index);
+    writeOldRef(meta, oldPath, ref);
   }
 }
 

@@ -5,6 +5,7 @@
 #include <string>
 
 #include "XMP.hpp"
+#include "document.h"
 #include "records.h"
 
 namespace bench::by_hand {
@@ -18,7 +19,11 @@ Inks readInks(const Meta& meta);
 Fonts readFonts(const Meta& meta);
 Refs readRefs(const Meta& meta);
 
+Document readDocument(const Meta& meta);
+std::size_t readLists(const Meta& meta);  // as bench::readLists
+
 void writeInks(Meta& meta, const Inks& inks);
 void writeFonts(Meta& meta, const Fonts& fonts);
+void writeRefs(Meta& meta, const Refs& refs);  // in both layouts
 
 }  // namespace bench::by_hand

@@ -1,41 +1,15 @@
 #include "cases.h"
 
-#include <array>
 #include <clocale>
 #include <cstdlib>
-#include <memory>
-#include <stdexcept>
 
-#include "by_hand.h"
 #include "peers.h"
-#include "records.h"
+#include "sides.h"
 
 namespace bench {
 namespace {
 
 using by_hand::Meta;
-
-constexpr std::array<std::size_t, 5> kSizes{10, 100, 1000, 10000, 100000};
-constexpr std::size_t kLargestForPeers = 10000;
-
-std::shared_ptr<XMPlib> loaded(const std::string& packet) {
-  auto xmp = std::make_shared<XMPlib>();
-  xmp->SetXML(packet);
-  if (!xmp->ErrStr().empty()) throw std::runtime_error(xmp->ErrStr());
-  return xmp;
-}
-
-std::shared_ptr<Meta> parsed(const std::string& packet) {
-  auto meta = std::make_shared<Meta>();
-  by_hand::parse(*meta, packet);
-  return meta;
-}
-
-std::size_t digestOf(const Meta& meta) {
-  std::string text;
-  by_hand::serialise(meta, text);
-  return digest(text);
-}
 
 // --- Lists --------------------------------------------------------------------------------------
 
@@ -141,47 +115,8 @@ void addWritingOf(std::vector<Case>& cases, const ListWriters<Records>& list) {
 
 void setInks(XMPlib& xmp, const Inks& inks) { xmp.SetInks(inks, true); }
 void setFonts(XMPlib& xmp, const Fonts& fonts) { xmp.SetFonts(fonts); }
-
-// --- Whole packets ------------------------------------------------------------------------------
-
-using Packet = std::function<std::string()>;
-
-void addParsingOf(std::vector<Case>& cases, const std::string& what, std::size_t size,
-                  const Packet& packet) {
-  const std::string group = "parse_" + what;
-  cases.push_back({group, "ours", size, [=]() -> Work {
-                     const auto xmp = std::make_shared<XMPlib>();
-                     return {[=] { xmp->CreateXAP(); }, [=, text = packet()] { xmp->SetXML(text); },
-                             [=] { return digest(xmp->GetXML()); }};
-                   }});
-  cases.push_back({group, "by_hand", size, [=]() -> Work {
-                     const auto meta = std::make_shared<Meta>();
-                     return {[=] { meta->Erase(); },
-                             [=, text = packet()] { by_hand::parse(*meta, text); },
-                             [=] { return digestOf(*meta); }};
-                   }});
-}
-
-void addSerialisingOf(std::vector<Case>& cases, const std::string& what, std::size_t size,
-                      const Packet& packet) {
-  const std::string group = "serialise_" + what;
-  cases.push_back({group, "ours", size, [=]() -> Work {
-                     const auto xmp = loaded(packet());
-                     return {[] {}, [=] { xmp->GetXML(); }, [=] { return digest(xmp->GetXML()); }};
-                   }});
-  cases.push_back(
-      {group, "by_hand", size, [=]() -> Work {
-         const auto meta = parsed(packet());
-         const auto text = std::make_shared<std::string>();
-         return {[] {}, [=] { by_hand::serialise(*meta, *text); }, [=] { return digest(*text); }};
-       }});
-}
-
-void addPacket(std::vector<Case>& cases, const std::string& what, std::size_t size,
-               const Packet& packet) {
-  addParsingOf(cases, what, size, packet);
-  addSerialisingOf(cases, what, size, packet);
-}
+void setRefs(XMPlib& xmp, const Refs& refs) { xmp.SetExtRefs(refs); }
+Refs someRefs(std::size_t count) { return refs(count); }
 
 // --- Locales ------------------------------------------------------------------------------------
 
@@ -248,15 +183,7 @@ void addWriting(std::vector<Case>& cases) {
   addWritingOf<Inks>(cases, {"write_distinct_inks", distinctInks, setInks, by_hand::writeInks});
   addWritingOf<Fonts>(cases,
                       {"write_distinct_fonts", distinctFonts, setFonts, by_hand::writeFonts});
-}
-
-void addPackets(std::vector<Case>& cases) {
-  for (const std::size_t size : kSizes) {
-    addPacket(cases, "inks", size, [=] { return packetOf(inks(size)); });
-    addPacket(cases, "fonts", size, [=] { return packetOf(fonts(size)); });
-  }
-  addPacket(cases, "artwork", 1, [] { return packetIn(XMP_TOOLKIT_SAMPLES "/BlueSquare.ai"); });
-  addPacket(cases, "carton", 1, [] { return packetIn(XMPLIB_EXAMPLES "/folding_carton.xmp"); });
+  addWritingOf<Refs>(cases, {"write_refs", someRefs, setRefs, by_hand::writeRefs});
 }
 
 std::vector<Case> allCases() {
@@ -265,6 +192,8 @@ std::vector<Case> allCases() {
   addReading(cases);
   addWriting(cases);
   addPackets(cases);
+  addDocuments(cases);
+  addThreads(cases);
   addGrowth(cases);
   return cases;
 }

@@ -9,11 +9,11 @@
 namespace bench {
 
 // A case made ready. `before` is not measured and precedes every run; `outcome` is a digest of
-// what the last run made.
+// what the last run made, or null where it makes nothing to compare.
 struct Work {
   std::function<void()> before = [] {};
   std::function<void()> run;
-  std::function<std::size_t()> outcome = [] { return std::size_t{0}; };
+  std::function<std::size_t()> outcome = nullptr;
 };
 
 // One side's way ("ours", "by_hand", "exempi", ...) of doing what a group is about, with so many
@@ -23,6 +23,7 @@ struct Case {
   std::string side;
   std::size_t size;
   std::function<Work()> prepare;
+  bool isCounted = true;  // else it is only timed
 
   std::string name() const { return group + '/' + side + '/' + std::to_string(size); }
 };
@@ -33,6 +34,8 @@ std::vector<Case> allCases();
 void addReading(std::vector<Case>& cases);
 void addWriting(std::vector<Case>& cases);
 void addPackets(std::vector<Case>& cases);
+void addDocuments(std::vector<Case>& cases);
+void addThreads(std::vector<Case>& cases);
 void addGrowth(std::vector<Case>& cases);
 
 }  // namespace bench

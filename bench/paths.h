@@ -10,6 +10,7 @@ namespace bench {
 inline constexpr const char* kDocument = "http://ns.orvo.example/xmp/grinfo/1.0/";
 inline constexpr const char* kCoverageList = "http://ns.orvo.example/xmp/inkcovlist/1.0/";
 inline constexpr const char* kFontList = "http://ns.orvo.example/xmp/fontlist/1.0/";
+inline constexpr const char* kOldFileList = "http://ns.orvo.example/xmp/extfileslist/1.0/";
 inline constexpr const char* kFileList = "http://ns.orvo.example/xmp/extfileslist/2.0/";
 
 // The path of a field of an item of an array.

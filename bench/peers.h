@@ -25,6 +25,9 @@ class ExempiPacket {
 Inks inksByExiv2(const std::string& packet);
 Fonts fontsByExiv2(const std::string& packet);
 
+// The XML parser alone, which the toolkit parses with: no namespaces, handlers that do nothing.
+void parseByExpat(const std::string& packet);
+
 // The floor: XML without XMP. Reads packets in the one form that the toolkit writes.
 Inks inksByPugixml(const std::string& packet);
 Fonts fontsByPugixml(const std::string& packet);

@@ -64,8 +64,8 @@ OwnedNode newDefaultText(const char* text) {
   setText(*item, text);
   auto language = std::make_unique<XMP_Node>(item.get(), "xml:lang", "x-default",
                                              XMP_OptionBits{kXMP_PropIsQualifier});
-  item->qualifiers.push_back(language.get());
-  language.release();
+  item->qualifiers.reserve(1);
+  item->qualifiers.push_back(language.release());
   item->options |= kXMP_PropHasQualifiers | kXMP_PropHasLang;
   return item;
 }
