@@ -5,6 +5,7 @@
 
 #include "XMPlib.h"
 #include "core/registry.h"
+#include "core/toolkit/tree.h"
 
 using xmpl::MetaRegistry;
 
@@ -51,7 +52,7 @@ void XMPlib::CreateXAP() {
 XMPlib XMPlib::CloneXAP() const {
   XMPlib clone{WithoutMetadata()};
   if (meta == nullptr) return clone;
-  std::unique_ptr<xmpl::Metadata> copy = std::make_unique<xmpl::Metadata>(meta->Clone());
+  std::unique_ptr<xmpl::Metadata> copy = std::make_unique<xmpl::Metadata>(xmpl::copyOf(*meta));
   MetaRegistry& registry = MetaRegistry::instance();
   const std::lock_guard<std::mutex> lock(registry.mutex());
   clone.slot = registry.add(std::move(copy));

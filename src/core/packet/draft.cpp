@@ -12,7 +12,7 @@ void Draft::commit() {
 }
 
 void Draft::commitIfLoadable() {
-  const Metadata settled = copy_.Clone();
+  const Metadata settled = copyOf(copy_);
   std::string text;
   writePacket(settled, text);
   Metadata loaded;

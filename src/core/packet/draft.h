@@ -2,6 +2,7 @@
 #pragma once
 
 #include "core/toolkit/client.h"
+#include "core/toolkit/tree.h"
 
 namespace xmpl {
 
@@ -9,7 +10,7 @@ namespace xmpl {
 // saved and loaded.
 class Draft {
  public:
-  explicit Draft(Metadata& original) : original_(original), copy_(original.Clone()) {}
+  explicit Draft(Metadata& original) : original_(original), copy_(copyOf(original)) {}
 
   Metadata& metadata() { return copy_; }
 

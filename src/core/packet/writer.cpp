@@ -7,6 +7,7 @@
 #include "core/packet/survey.h"
 #include "core/packet/text_output.h"
 #include "core/packet/used_names.h"
+#include "core/toolkit/tree.h"
 
 namespace xmpl {
 namespace {
@@ -114,7 +115,7 @@ void writePacket(const Metadata& metadata, std::string& text) {
 }
 
 void requireSavable(const Metadata& metadata) {
-  const Metadata copy = metadata.Clone();  // writing settles language alternatives
+  const Metadata copy = copyOf(metadata);  // writing settles language alternatives
   std::string text;
   writePacket(copy, text);
 }

@@ -23,6 +23,21 @@ XMP_Node& append(XMP_Node& parent, const char* name) {
   return *node.release();
 }
 
+void copyBelow(const XMP_Node& from, XMP_Node& to);
+
+void copyAll(const XMP_NodeOffspring& from, XMP_NodeOffspring& to, XMP_Node& parent) {
+  to.reserve(from.size());  // so that each copy is in its place at once
+  for (const XMP_Node* node : from) {
+    to.push_back(new XMP_Node(&parent, node->name, node->value, node->options));
+    copyBelow(*node, *to.back());
+  }
+}
+
+void copyBelow(const XMP_Node& from, XMP_Node& to) {
+  copyAll(from.qualifiers, to.qualifiers, to);
+  copyAll(from.children, to.children, to);
+}
+
 bool haveOneForm(const XMP_Node& a, const XMP_Node& b) {
   constexpr XMP_OptionBits kForm = kXMP_PropValueIsStruct | kXMP_PropValueIsArray;
   return (a.options & kForm) == (b.options & kForm);
@@ -146,6 +161,17 @@ const XMP_Node* findDefaultText(const XMP_Node& array) {
 std::size_t propertyCount(const Metadata& metadata, std::string_view schemaUri) {
   const XMP_Node* schema = childNamed(rootOf(metadata), schemaUri);
   return schema == nullptr ? 0 : schema->children.size();
+}
+
+Metadata copyOf(const Metadata& metadata) {
+  Metadata copy;
+  const XMP_Node& from = rootOf(metadata);
+  XMP_Node& to = insideOf(copy).tree;
+  to.options = from.options;
+  to.name = from.name;
+  to.value = from.value;
+  copyBelow(from, to);
+  return copy;
 }
 
 void swapTrees(Metadata& a, Metadata& b) {

@@ -30,6 +30,9 @@ std::size_t propertyCount(const Metadata& metadata, std::string_view schemaUri);
 
 void swapTrees(Metadata& a, Metadata& b);
 
+// As the toolkit's Clone, which loses the whole copy where memory ends before it is made.
+Metadata copyOf(const Metadata& metadata);
+
 // A node's text; empty for an array or a structure, which simpleText refuses.
 const std::string& anyText(const XMP_Node& node);
 const std::string& simpleText(const XMP_Node& node);
