@@ -15,9 +15,6 @@ using namespace xmpl;
 
 namespace {
 
-// The first handle starts the toolkit.
-const XMPlib kStart;  // NOLINT(cert-err58-cpp)
-
 using End = Reading::End;
 
 // Every packet in a file.
@@ -33,9 +30,13 @@ std::vector<std::string> packetsIn(const std::filesystem::path& path) {
   }
 }
 
+class PlainReader : public testing::Test {
+  XMPlib startsTheToolkit_;
+};
+
 }  // namespace
 
-TEST(PlainReader, ReadsWhatTheToolkitReads) {
+TEST_F(PlainReader, ReadsWhatTheToolkitReads) {
   RandomPackets packets(1);
   int plain = 0, errors = 0;
   constexpr int kPackets = 10000;
@@ -63,7 +64,7 @@ TEST(PlainReader, ReadsWhatTheToolkitReads) {
 }
 
 // A few that must not take the slow way.
-TEST(PlainReader, TakesWhatRealPacketsHold) {
+TEST_F(PlainReader, TakesWhatRealPacketsHold) {
   const char* const kProperties[] = {
       "<vxGr:nrpages>3</vxGr:nrpages>",
       "<vxGr:units/>",
@@ -86,7 +87,7 @@ TEST(PlainReader, TakesWhatRealPacketsHold) {
 }
 
 // Real files of many kinds. Most of what they hold is plain: that is what the reader is for.
-TEST(PlainReader, TakesMostOfTheSamples) {
+TEST_F(PlainReader, TakesMostOfTheSamples) {
   int plain = 0, all = 0;
   for (const auto& file : std::filesystem::recursive_directory_iterator(XMPLIB_TEST_SAMPLES)) {
     if (!file.is_regular_file()) continue;
