@@ -39,7 +39,7 @@ std::string place() {
 }
 
 std::string describe(const XMP_Error& error) {
-  const std::string message = messageOf(error);
+  std::string message = messageOf(error);
   if (error.GetID() != kXMPErr_BadXML || lastParseFailure().reason == nullptr) return message;
   return message + place() + ": " + lastParseFailure().reason;
 }

@@ -269,7 +269,7 @@ class PlainReader final : public XmlEvents {
         std::make_unique<XMP_Node>(&node, "xml:lang", value, XMP_OptionBits{kXMP_PropIsQualifier});
     NormalizeLangValue(&language->value);
     node.qualifiers.push_back(language.get());
-    language.release();
+    static_cast<void>(language.release());
     node.options |= kXMP_PropHasQualifiers | kXMP_PropHasLang;
   }
 
