@@ -21,7 +21,7 @@ struct XmlElement {
 class XmlTree {
  public:
   explicit XmlTree(std::string_view text) {
-    const XML_Parser parser = XML_ParserCreateNS(nullptr, '@');
+    XML_Parser parser = XML_ParserCreateNS(nullptr, '@');
     XML_SetUserData(parser, this);
     XML_SetElementHandler(parser, onStart, onEnd);
     XML_SetCharacterDataHandler(parser, onText);

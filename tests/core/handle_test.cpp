@@ -130,8 +130,9 @@ TEST(Handle, MovesWithItsMetadataAndTexts) {
   XMPlib first = load(packet("<vxGr:nrpages>3</vxGr:nrpages>"));
   XMPlib copy(first);
   XMPlib second(std::move(first));
-  EXPECT_FALSE(first.SetNrPages(4));  // NOLINT(bugprone-use-after-move): stated what it is then
-  EXPECT_EQ(first.ErrStr(), "Illegal XAP");
+  EXPECT_FALSE(
+      first.SetNrPages(4));  // NOLINT(bugprone-use-after-move,clang-analyzer-cplusplus.Move)
+  EXPECT_EQ(first.ErrStr(), "Illegal XAP");  // NOLINT(clang-analyzer-cplusplus.Move)
   EXPECT_TRUE(second.SetNrPages(5));
   int pages = 0;
   EXPECT_TRUE(copy.GetNrPages(pages));  // shares with the new place
