@@ -3,8 +3,8 @@
 // would pass for done. Here such an error has a text of static storage instead.
 #pragma once
 
-#include <stdlib.h>
-#include <string.h>
+#include <cstdlib>
+#include <cstring>
 
 namespace xmpl {
 
