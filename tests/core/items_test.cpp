@@ -88,7 +88,7 @@ void damage(Metadata& metadata, const char* schema, const std::string& name, Odd
 Metadata parsed(const std::string& properties) {
   const XMPlib starter;  // the toolkit runs
   const std::string text = packet(properties);
-  return Metadata(text.data(), static_cast<XMP_StringLen>(text.size()));
+  return {text.data(), static_cast<XMP_StringLen>(text.size())};
 }
 
 // An odd property of that name, read in two ways.

@@ -127,8 +127,8 @@ TEST(Allocation, FailsWithoutHarmInHandlesAndPackets) {
     other.SetXML(foreign);
     xmp.MergeNonOrvo(&other);
   });
-  EXPECT_LT(mallinfo2().uordblks - before,
-            4U << 20);  // of some 5,000 rounds, no parser and no copy is lost
+  // Of some 5,000 rounds, no parser and no copy is lost.
+  EXPECT_LT(mallinfo2().uordblks - before, 4U << 20);
 }
 
 TEST(Allocation, FailsWithoutHarmInRecords) {

@@ -7,11 +7,11 @@
 
 #include <array>
 #include <cstddef>
+#include <cstdlib>
 #include <exception>
 #include <filesystem>
 #include <memory>
 #include <new>
-#include <stdexcept>
 #include <string>
 #include <thread>
 
@@ -55,7 +55,7 @@ class Handle {
   template <class Result, class... Arguments>
   Result call(const char* name, Arguments... arguments) {
     void* function = dlsym(library_, name);
-    if (function == nullptr) throw std::runtime_error(name);
+    if (function == nullptr) std::abort();
     return reinterpret_cast<Result (*)(void*, Arguments...)>(function)(memory_.data(),
                                                                        arguments...);
   }
