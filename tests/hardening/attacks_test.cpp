@@ -63,7 +63,8 @@ double secondsToLoad(const std::string& packet) {
 std::string plainList(std::size_t bytes) {
   const std::string item = "<rdf:li>an item of a list</rdf:li>";
   return described("<atk:list><rdf:Bag>" +
-                   numbered(bytes / item.size(), [&](const std::string&) { return item; }) +
+                   numbered(bytes / item.size(),
+                            [&](const std::string&) -> const std::string& { return item; }) +
                    "</rdf:Bag></atk:list>");
 }
 
