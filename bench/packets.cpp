@@ -4,6 +4,7 @@
 #include "document.h"
 #include "peers.h"
 #include "sides.h"
+#include "support/costly_packets.h"
 
 namespace bench {
 namespace {
@@ -52,6 +53,21 @@ void addPacket(std::vector<Case>& cases, const std::string& what, std::size_t si
                const Packet& packet) {
   addParsingOf(cases, what, size, packet);
   addSerialisingOf(cases, what, size, packet);
+}
+
+Work loading(const std::string& packet) {
+  const auto xmp = std::make_shared<XMPlib>();
+  return {[=] { xmp->CreateXAP(); }, [=] { xmp->SetXML(packet); }, nullptr};
+}
+
+// Over a plain list of as many bytes.
+void addCostly(std::vector<Case>& cases) {
+  constexpr std::size_t kBytes = 300'000;
+  for (const CostlyPacket& packet : costlyPackets(kBytes)) {
+    const std::string group = "costly_" + packet.name;
+    cases.push_back({group, "ours", 1, [=] { return loading(packet.text); }});
+    cases.push_back({group, "plain_list", 1, [=] { return loading(plainList(kBytes)); }});
+  }
 }
 
 // What a cycle makes: the packet that it saves, and how much it has read.
@@ -112,6 +128,7 @@ void addPackets(std::vector<Case>& cases) {
   }
   addPacket(cases, "artwork", 1, artwork);
   addPacket(cases, "carton", 1, carton);
+  addCostly(cases);
 }
 
 void addDocuments(std::vector<Case>& cases) {

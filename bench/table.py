@@ -49,8 +49,9 @@ RATIOS = [
     ("parse and read fonts", "load_fonts", "exiv2", None),
     ("parse and read fonts", "load_fonts", "pugixml", None),
 ]
+COSTLY_GOAL = 20
 SIDES = {"by_hand": "by hand", "c_locale": "C locale", "exiv2": "Exiv2", "expat": "expat alone",
-         "text": "its text"}
+         "plain_list": "a plain list of its size", "text": "its text"}
 
 # Peak memory of loading, over the side, and how much at most.
 PEAKS = [("text", 6), ("by_hand", None)]
@@ -114,6 +115,14 @@ def growth_row(measures, group):
     return [what, "a tenth of the records", *cells, *verdict(ratio(measures[0], *pair), GROWTH_GOAL)]
 
 
+def costly_rows(measures):
+    """Packets that are made to cost; the case names are the list of them."""
+    groups = [case.split("/")[0] for case in measures[0] if case.startswith("costly_")]
+    return [ratio_row(measures, "SetXML, " + group.removeprefix("costly_").replace("_", " "), group,
+                      "plain_list", COSTLY_GOAL)
+            for group in dict.fromkeys(groups)]
+
+
 def peak_row(peaks, side, goal):
     value = ratio(peaks, "memory/ours/1", f"memory/{side}/1")
     cells = [number(value)] + [""] * len(SIZES[1:])
@@ -131,6 +140,7 @@ def table(measures, peaks):
     return ([ratio_row(measures, *row) for row in RATIOS] +
             [peak_row(peaks, *row) for row in PEAKS] +
             [threads_row(measures[1])] +
+            costly_rows(measures) +
             [growth_row(measures, group) for group in GROWTH])
 
 

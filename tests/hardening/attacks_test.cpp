@@ -2,30 +2,13 @@
 // not be saved, or took time and memory out of all proportion.
 #include <gtest/gtest.h>
 
-#include <chrono>
+#include <ctime>
 
 #include "core/toolkit/client.h"
+#include "support/costly_packets.h"
 #include "support/packets.h"
 
 namespace {
-
-std::string rdf(const std::string& description) {
-  return "<rdf:RDF xmlns:rdf='http://www.w3.org/1999/02/22-rdf-syntax-ns#'"
-         " xmlns:dc='http://purl.org/dc/elements/1.1/' xmlns:atk='http://attack.example/'"
-         " xmlns:tiff='http://ns.adobe.com/tiff/1.0/' xmlns:pdf='http://ns.adobe.com/pdf/1.3/'>" +
-         description + "</rdf:RDF>";
-}
-
-std::string described(const std::string& content, const std::string& attributes = "rdf:about=''") {
-  return rdf("<rdf:Description " + attributes + ">" + content + "</rdf:Description>");
-}
-
-template <class Text>
-std::string numbered(std::size_t count, Text text) {
-  std::string all;
-  for (std::size_t i = 0; i < count; ++i) all += text(std::to_string(i));
-  return all;
-}
 
 std::string wide(const std::u16string& text) {
   std::string bytes = "\xff\xfe";
@@ -48,24 +31,16 @@ void expectToSurviveATrip(const XMPlib& xmp) {
   EXPECT_EQ(again.GetXMLPacket(false, 1), saved);
 }
 
+// Of the processor: what else the machine does makes little difference.
 double secondsToLoad(const std::string& packet) {
   double least = 1e9;
   for (int i = 0; i < 3; ++i) {
     XMPlib xmp;
-    const auto begin = std::chrono::steady_clock::now();
+    const std::clock_t begin = std::clock();
     xmp.SetXML(packet);
-    const std::chrono::duration<double> taken = std::chrono::steady_clock::now() - begin;
-    least = std::min(least, taken.count());
+    least = std::min(least, static_cast<double>(std::clock() - begin));
   }
-  return least;
-}
-
-std::string plainList(std::size_t bytes) {
-  const std::string item = "<rdf:li>an item of a list</rdf:li>";
-  return described("<atk:list><rdf:Bag>" +
-                   numbered(bytes / item.size(),
-                            [&](const std::string&) -> const std::string& { return item; }) +
-                   "</rdf:Bag></atk:list>");
+  return least / CLOCKS_PER_SEC;
 }
 
 }  // namespace
@@ -202,39 +177,11 @@ TEST(Attacks, MergesLeaveWhatCanBeSaved) {
   expectToSurviveATrip(one);
 }
 
-// Each as many bytes as a plain list that it is held against.
+// What is out of all proportion; the benchmark counts instructions, and has a tighter goal.
 TEST(Attacks, LoadInTimeInStepWithTheText) {
   constexpr std::size_t kBytes = 300'000;
-  const auto fields = [](std::size_t count) {
-    return numbered(count, [](const std::string& i) { return "<atk:f" + i + "/>"; });
-  };
-  const std::string odd = "<atk:odd rdf:ID='i'/>";  // only the toolkit's reader takes it
-  const std::string structure = "<rdf:li rdf:parseType='Resource'>" + fields(2000) + "</rdf:li>";
-  const std::string qualified =
-      "<rdf:li rdf:parseType='Resource'><rdf:value>v</rdf:value>" + fields(2000) + "</rdf:li>";
-  const auto repeated = [&](const std::string& text) {
-    return numbered(kBytes / text.size(), [&](const std::string&) { return text; });
-  };
-  const std::pair<const char*, std::string> kPackets[] = {
-      {"structures",
-       described(odd + "<atk:l><rdf:Bag>" + repeated(structure) + "</rdf:Bag></atk:l>")},
-      {"qualifiers",
-       described(odd + "<atk:l><rdf:Bag>" + repeated(qualified) + "</rdf:Bag></atk:l>")},
-      {"too many", described(odd + fields(kBytes / 10))},
-      {"lines", described(odd + "<atk:p>" + std::string(kBytes, '\n') + "</atk:p>")},
-      {"controls", described("<atk:p atk:q='" + std::string(kBytes, '\x01') + "'/>")},
-      {"references", described("<atk:p>" + repeated("&amp;") + "</atk:p>")},
-      {"one prefix", described("<atk:l><rdf:Bag>" +
-                               numbered(1000,
-                                        [](const std::string& i) {
-                                          return "<rdf:li xmlns:n='http://attack.example/" +
-                                                 std::string(200, 'u') + i + "'/>";
-                                        }) +
-                               "</rdf:Bag></atk:l>")},
-      {"comments", described(odd + repeated("<!---->"))},
-  };
   const double plain = secondsToLoad(plainList(kBytes));
-  for (const auto& [name, packet] : kPackets) {
-    EXPECT_LT(secondsToLoad(packet) / plain, 20) << name;
+  for (const CostlyPacket& packet : costlyPackets(kBytes)) {
+    EXPECT_LT(secondsToLoad(packet.text) / plain, 100) << packet.name;
   }
 }
