@@ -47,8 +47,9 @@ class Changes {
 
  private:
   static std::string uriOf(const std::string& prefix) {
-    std::string uri;
-    return xmpl::Metadata::GetNamespaceURI(prefix.c_str(), &uri) ? uri : prefix;
+    std::string uri = prefix;
+    run([&] { xmpl::Metadata::GetNamespaceURI(prefix.c_str(), &uri); });
+    return uri;
   }
 
   void set(char name, Fields& input) {

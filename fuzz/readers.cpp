@@ -1,4 +1,6 @@
 // The ways from a packet's text to nodes and back, against the toolkit's own.
+#include <sstream>
+
 #include "core/packet/writer.h"
 #include "packets.h"
 #include "support/readings.h"
@@ -7,6 +9,12 @@ namespace {
 
 using xmpl::Metadata;
 using End = Reading::End;
+
+void expectSame(const Reading& first, const Reading& second, const char* promise) {
+  std::ostringstream both;
+  both << first << '\n' << second;
+  expect(first == second, promise, both.str());
+}
 
 // As the handle tells it.
 void checkError(const std::string& packet, const Reading& reading) {
@@ -82,10 +90,11 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   Metadata first, second, third;
   const Reading byPlain = plainReading(*text, first);
   const Reading byToolkit = toolkitReading(*text, second);
-  expect(byPlain.end == End::notPlain || byPlain == byToolkit, "both readers read the same");
+  expectSame(byPlain.end == End::notPlain ? byToolkit : byPlain, byToolkit,
+             "both readers read the same");
   checkError(packet, byToolkit);
   if (byToolkit.end == End::read) checkWriter(second);
   if (text->isAsDeclared() || byToolkit.end == End::refused) return 0;
-  expect(byToolkit == unguardedReading(packet, third), "the guard changes nothing");
+  expectSame(unguardedReading(packet, third), byToolkit, "the guard changes nothing");
   return 0;
 }

@@ -130,10 +130,31 @@ class Words {
     });
   }
 
+  static bool isDublinCoreArray(const std::string& stored) {
+    static const std::set<std::string> names = {"dc:contributor", "dc:creator",  "dc:date",
+                                                "dc:description", "dc:language", "dc:publisher",
+                                                "dc:relation",    "dc:rights",   "dc:subject",
+                                                "dc:title",       "dc:type"};
+    return names.contains(stored);
+  }
+
+  // With qualifiers: without, there is no word in it.
+  static bool isEmptyText(const XmlElement& value) {
+    const auto attribute = value.attributes.find(rdf("value"));
+    if (attribute != value.attributes.end()) return attribute->second.empty();
+    const auto isEmpty = [](const XmlElement& child) {
+      if (child.name == rdf("Description")) return isEmptyText(child);
+      const bool hasUri = child.attributes.contains(rdf("resource"));
+      return child.name == rdf("value") && child.text.empty() && child.children.empty() && !hasUri;
+    };
+    return std::any_of(value.children.begin(), value.children.end(), isEmpty);
+  }
+
   bool isLost(const XmlElement& property, const std::string& stored) const {
     const std::string base = target(stored);
     const bool isText = property.children.empty();
     if (isAlias(stored) && isText && count_.at(base) > 1) return true;
+    if (isDublinCoreArray(base) && isEmptyText(property)) return true;
     if (stored == "xmpMM:InstanceID") return !about_.empty();
     if (base == "dc:rights" || stored == "xmpDM:copyright") return has("xmpDM:copyright");
     return stored == "iX:changes" || stored == "exif:GPSTimeStamp";

@@ -24,7 +24,7 @@ class RandomPackets {
         oneOf({"<x:xmpmeta xmlns:x='adobe:ns:meta/' x:xmptk='t'>", "", "<?xml version='1.0'?>"});
     const bool isWrapped = text.find("xmpmeta") != std::string::npos;
     text += "<rdf:RDF xmlns:rdf='http://www.w3.org/1999/02/22-rdf-syntax-ns#'>" + blank();
-    for (unsigned i = below(4) / 3 + 1; i > 0; --i) text += description() + blank();
+    for (unsigned i = below(4) / 3 + 1; i > 0; --i) text += joined({description(), blank()});
     text += "</rdf:RDF>";
     if (isWrapped) text += "</x:xmpmeta>";
     if (below(4) == 0)
@@ -41,6 +41,13 @@ class RandomPackets {
   }
 
   std::string blank() { return oneOf({"", "\n", " \n  ", "\t"}); }
+
+  // In that order: what is drawn first stands first, whatever the compiler.
+  static std::string joined(std::initializer_list<std::string> parts) {
+    std::string all;
+    for (const std::string& part : parts) all += part;
+    return all;
+  }
 
   // The first, but for one time in ten.
   std::string usually(const char* usual, std::initializer_list<const char*> others) {
@@ -60,13 +67,13 @@ class RandomPackets {
                      " xmlns:b='http://purl.org/dc/1.1/'", ""});
     if (below(3) == 0) text += attribute();
     text += ">" + blank();
-    for (unsigned i = below(5); i > 0; --i) text += property(0) + blank();
+    for (unsigned i = below(5); i > 0; --i) text += joined({property(0), blank()});
     return text + "</rdf:Description>";
   }
 
   // Most are met once alone.
   std::string name() {
-    if (below(3) > 0) return (below(2) == 0 ? "a:n" : "b:n") + std::to_string(below(1000));
+    if (below(3) > 0) return joined({oneOf({"a:n", "b:n"}), std::to_string(below(1000))});
     return oneOf({"a:p", "a:q", "a:r", "a:s", "b:p", "b:q", "b:t", "dc:title", "dc:creator",
                   "dc:subject", "dc:x", "xmp:Title", "xmp:CreateDate", "tiff:ImageDescription",
                   "tiff:Artist", "vxGr:nrpages", "vxGr:inks"});
@@ -83,7 +90,7 @@ class RandomPackets {
   }
 
   std::string attribute() {
-    return " " + rareName() + "='" + oneOf({"", "v", "a&quot;b", "w w"}) + "'";
+    return joined({" ", rareName(), "='", oneOf({"", "v", "a&quot;b", "w w"}), "'"});
   }
 
   std::string language() { return " xml:lang='" + oneOf({"x-default", "de", "EN-us", "fr"}) + "'"; }
@@ -91,7 +98,7 @@ class RandomPackets {
   std::string items(unsigned depth) {
     std::string all = blank();
     for (unsigned i = below(4); i > 0; --i) {
-      all += (below(30) == 0 ? property(depth) : element("rdf:li", depth)) + blank();
+      all += joined({below(30) == 0 ? property(depth) : element("rdf:li", depth), blank()});
     }
     return all;
   }
@@ -100,7 +107,7 @@ class RandomPackets {
 
   std::string properties(unsigned depth) {
     std::string all = blank();
-    for (unsigned i = below(4); i > 0; --i) all += property(depth) + blank();
+    for (unsigned i = below(4); i > 0; --i) all += joined({property(depth), blank()});
     return all;
   }
 
@@ -113,7 +120,7 @@ class RandomPackets {
   std::string alternative() {
     std::string all = "<rdf:Alt>";
     for (unsigned i = below(3) + 1; i > 0; --i)
-      all += "<rdf:li" + language() + ">" + text() + "</rdf:li>";
+      all += joined({"<rdf:li", language(), ">", text(), "</rdf:li>"});
     return all + "</rdf:Alt>";
   }
 
@@ -126,7 +133,7 @@ class RandomPackets {
       case 1:
         return open + " rdf:resource='" + oneOf({"", "http://r/?a&amp;b"}) + "'/>";
       case 2:
-        return open + attribute() + attribute() + "/>";
+        return joined({open, attribute(), attribute(), "/>"});
       case 3:
       case 4:
       case 5:
@@ -135,12 +142,12 @@ class RandomPackets {
       case 7:
         return open + " rdf:parseType='Resource'>" + properties(depth + 1) + close;
       case 8:
-        return open + ">" + blank() + "<rdf:Description" + (below(3) == 0 ? attribute() : "") +
-               ">" + properties(depth + 1) + "</rdf:Description>" + blank() + close;
+        return joined({open, ">", blank(), "<rdf:Description", below(3) == 0 ? attribute() : "",
+                       ">", properties(depth + 1), "</rdf:Description>", blank(), close});
       case 9:
         return below(3) == 0 ? rare(open, close, depth) : open + ">" + text() + close;
       default:
-        return open + ">" + blank() + array(depth) + blank() + close;
+        return joined({open, ">", blank(), array(depth), blank(), close});
     }
   }
 
@@ -159,13 +166,18 @@ class RandomPackets {
       case 5:
         return open + "><?xpacket x?>" + close;
       case 6:
-        return open + ">" + text() + property(depth + 1) + close;
+        return joined({open, ">", text(), property(depth + 1), close});
       case 7:
-        return open + " rdf:parseType='Resource'><rdf:value>" + text() + "</rdf:value>" +
-               properties(depth + 1) + close;
+        return joined({open, " rdf:parseType='Resource'><rdf:value>", text(), "</rdf:value>",
+                       properties(depth + 1), close});
       default:
         return open + " rdf:value='" + "v'" + attribute() + "/>";
     }
+  }
+
+  std::string copied(const std::string& text) {
+    const std::size_t at = below(text.size());
+    return text.substr(at, below(12));
   }
 
   void damage(std::string& text) {
@@ -175,13 +187,13 @@ class RandomPackets {
         text.erase(at, below(8) + 1);
         break;
       case 1:
-        text.insert(at, text.substr(below(text.size()), below(12)));
+        text.insert(at, copied(text));
         break;
       case 2:
         text[at] = static_cast<char>(below(256));
         break;
       default:
-        text[at] = "<>&'\"/:= "[below(9)];
+        text[at] = "<>&'\"/:= 1-"[below(11)];
     }
   }
 

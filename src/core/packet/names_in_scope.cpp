@@ -42,6 +42,14 @@ Term termOf(const ScopedPrefix& prefix, std::string_view local) {
   return prefix.registered == "iX:" && local == "changes" ? Term::unreadable : Term::property;
 }
 
+// Behind a colon, the parser alone takes what may stand anywhere in a name; as it parses for the
+// toolkit, only what may begin one. Of other letters than ASCII's nothing is said here.
+bool beginsName(std::string_view local) {
+  if (local.empty()) return false;
+  const char c = local.front();
+  return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || c == '_';
+}
+
 std::size_t hashOf(std::string_view text) {
   std::size_t hash = text.size();
   for (const char c : text) hash = hash * 31 + static_cast<unsigned char>(c);
@@ -99,6 +107,7 @@ void NamesInScope::resolve(ScopedName& name) {
     throw NotPlain();
   }
   const std::string_view local = raw.substr(colon + 1);
+  if (!beginsName(local)) throw NotPlain();
   if (raw.starts_with(kDeclaration)) {
     name.term = Term::declaration;
     name.prefix = &prefixNamed(local);

@@ -81,9 +81,11 @@ class PlainReader final : public XmlEvents {
     }
   }
 
-  // The toolkit makes nodes of its own packet wrapper alone, and skips them outside the root.
+  // The toolkit makes nodes of its own packet wrapper alone, and skips them outside the root. As
+  // the parser works for it, it takes no colon.
   void instruction(std::string_view target) override {
-    if (open_.size() > 1 && target == "xpacket") throw NotPlain();
+    requirePlain(open_.size() == 1 || target != "xpacket");
+    requirePlain(target.find(':') == std::string_view::npos);
   }
 
   void doctype() override { PacketGuard::refuseDoctype(); }

@@ -86,6 +86,23 @@ TEST_F(PlainReader, TakesWhatRealPacketsHold) {
   }
 }
 
+// Where namespaces are heeded, names are not what they are without.
+TEST_F(PlainReader, LeavesNamesThatNamespacesForbidToTheToolkit) {
+  const char* const kProperties[] = {
+      "<vxGr:1/>",  "<vxGr:-a/>",           "<vxGr:/>",        "<vxGr:a vxGr:2='v'/>",
+      "<:a/>",      "<a xmlns:1='u:1'/>",   "<vxGr:\u0301/>",  "<vxGr:a:b/>",
+      "<?a:b c?>",  "<vxGr:a b='v'/>",      "<vxGr:\u00b7a/>", "<a xmlns:a:b='u:1'/>",
+      "<vxGr:a:/>", "<a xmlns:xmlns='u'/>", "<a xmlns:a=''/>",
+  };
+  for (const char* properties : kProperties) {
+    const std::string text = packet(properties);
+    Metadata first, second;
+    const Reading byPlain = plainReading(PacketText(text), first);
+    EXPECT_EQ(byPlain.end, End::notPlain) << properties << byPlain;
+    EXPECT_NE(toolkitReading(PacketText(text), second).end, End::refused) << properties;
+  }
+}
+
 // Real files of many kinds. Most of what they hold is plain: that is what the reader is for.
 TEST_F(PlainReader, TakesMostOfTheSamples) {
   int plain = 0, all = 0;
