@@ -42,6 +42,11 @@ Term termOf(const ScopedPrefix& prefix, std::string_view local) {
   return prefix.registered == "iX:" && local == "changes" ? Term::unreadable : Term::property;
 }
 
+bool hasAliases(const std::string& registered) {
+  const auto first = sRegisteredAliasMap->lower_bound(registered);
+  return first != sRegisteredAliasMap->end() && first->first.starts_with(registered);
+}
+
 // Behind a colon, the parser alone takes what may stand anywhere in a name; as it parses for the
 // toolkit, only what may begin one. Of other letters than ASCII's nothing is said here.
 bool beginsName(std::string_view local) {
@@ -58,7 +63,7 @@ std::size_t hashOf(std::string_view text) {
 
 }  // namespace
 
-NamesInScope::NamesInScope(PacketGuard& guard) : guard_(guard), slots_(256) {
+NamesInScope::NamesInScope(PacketGuard& guard) : guard_(guard), slots_(128) {
   ScopedPrefix& xml = prefixNamed("xml");
   xml.uri = kXMP_NS_XML;
   uris_.insert(xml.uri);
@@ -149,6 +154,7 @@ void NamesInScope::bind(ScopedPrefix& prefix, const std::string& uri) {
   }
   prefix.uri = uri;
   prefix.guarded = guardedSchema(uri);
+  prefix.hasAliases = hasAliases(prefix.registered);
   uris_.insert(prefix.uri);
 }
 

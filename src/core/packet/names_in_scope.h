@@ -25,6 +25,7 @@ struct ScopedPrefix {
   std::string uri;         // the first that was declared for it
   std::string registered;  // the toolkit's prefix for that URI, with its colon
   GuardedSchema guarded;
+  bool hasAliases = false;         // the toolkit keeps some of its properties under other names
   XMP_Node* schema = nullptr;      // the node of its properties, once there is one
   std::uint32_t declarations = 0;  // that hold at the moment
 };

@@ -2,7 +2,6 @@
 
 #include <algorithm>
 
-#include "core/namespaces.h"
 #include "core/own_properties.h"
 
 namespace xmpl {
@@ -41,16 +40,16 @@ void checkLength(const GuardedName& name) {
 }  // namespace
 
 GuardedSchema guardedSchema(std::string_view uri) {
-  return {ownNamespace(uri) != nullptr || uri == kRdf || uri == kXml || uri == kPacket, 0};
+  const Namespace* own = ownNamespace(uri);
+  return {own == nullptr && uri != kRdf && uri != kXml && uri != kPacket, own, 0};
 }
 
 GuardedName guardedName(std::string_view uri, std::string_view local, GuardedSchema& schema) {
   const auto bytes = static_cast<std::uint32_t>(local.size());
   if (uri == kRdf) return {rdfRole(local), false, bytes, &schema};
   if (uri == kXml && local == "lang") return {Role::syntax, false, bytes, &schema};
-  const Namespace* own = schema.isOwn ? ownNamespace(uri) : nullptr;
-  const bool isOwn =
-      own != nullptr && isOwnProperty(std::string(own->prefix) + ':' + std::string(local));
+  const bool isOwn = schema.own != nullptr &&
+                     isOwnProperty(std::string(schema.own->prefix) + ':' + std::string(local));
   return {Role::other, isOwn, bytes, &schema};
 }
 
@@ -63,7 +62,7 @@ void PacketGuard::declare(std::string_view prefix, std::string_view uri) {
   if (uri.size() > limits::kUriBytes) {
     throw PacketRefused("a namespace URI of more than 400 bytes");
   }
-  if (guardedSchema(uri).isOwn || foreign_.contains(uri)) return;
+  if (!guardedSchema(uri).isForeign || foreign_.contains(uri)) return;
   if (foreign_.size() == limits::kNamespaces) throw PacketRefused("more than 1,024 namespaces");
   foreign_.emplace(uri);
 }

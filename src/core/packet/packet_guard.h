@@ -10,6 +10,7 @@
 #include <string>
 #include <string_view>
 
+#include "core/namespaces.h"
 #include "core/packet/limits.h"
 
 namespace xmpl {
@@ -21,7 +22,8 @@ class PacketRefused : public std::runtime_error {
 
 // What the guard must know of a namespace: one for each URI.
 struct GuardedSchema {
-  bool isOwn = false;               // it is in the library's table
+  bool isForeign = true;
+  const Namespace* own = nullptr;   // its row in the library's table
   std::uint32_t namedChildren = 0;  // top-level properties of it
 };
 

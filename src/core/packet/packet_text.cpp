@@ -1,9 +1,9 @@
 #include "core/packet/packet_text.h"
 
 #include <algorithm>
-#include <array>
 #include <cstring>
 
+#include "core/packet/blocks.h"
 #include "core/packet/packet_guard.h"
 #include "core/packet/xml_parser.h"
 #include "core/toolkit/nodes.h"
@@ -25,14 +25,17 @@ bool isEightBit(std::string_view text) {
   return first != 0 && text[1] != '\0';
 }
 
-// What must be looked at: a table, since every byte of a packet is asked.
-constexpr std::array<bool, 256> kOdd = [] {
-  std::array<bool, 256> odd{};
-  for (std::size_t c = 0; c < odd.size(); ++c) odd[c] = c < 0x20 || c >= 0x7F;
-  for (const char c : {'\n', '\t', '\r'}) odd[static_cast<unsigned char>(c)] = false;
-  odd['&'] = true;
-  return odd;
-}();
+// What must be looked at: references, other characters than ASCII's, and controls but for blanks.
+bool isOdd(unsigned char c) {
+  return c == '&' || c >= 0x7F || (c < 0x20 && c != '\n' && c != '\t' && c != '\r');
+}
+
+std::size_t charactersBeforeOdd(const Block& block) {
+  // One comparison for controls and all above ASCII; few blocks have any.
+  const auto suspicious = ((block - 0x20) >= 0x7F - 0x20) | (block == '&');
+  if (charactersBefore(suspicious) == kBlockBytes) return kBlockBytes;
+  return charactersBefore(suspicious & (block != '\n') & (block != '\t') & (block != '\r'));
+}
 
 // The bytes of the character that begins at `position`; 0 where none does.
 std::size_t characterBytes(std::string_view text, std::size_t position) {
@@ -58,14 +61,12 @@ bool mayBeControl(std::string_view reference) {
 
 // The end of the plain text that begins at `position`.
 std::size_t plainEnd(std::string_view text, std::size_t position) {
-  constexpr std::size_t kBlock = 16;  // one question for all of them
-  while (text.size() - position >= kBlock) {
-    bool hasOdd = false;
-    for (std::size_t i = 0; i < kBlock; ++i) hasOdd |= kOdd[byteAt(text, position + i)];
-    if (hasOdd) break;
-    position += kBlock;
+  while (text.size() - position >= kBlockBytes) {
+    const std::size_t plain = charactersBeforeOdd(blockAt(text.data() + position));
+    position += plain;
+    if (plain < kBlockBytes) return position;
   }
-  while (position < text.size() && !kOdd[byteAt(text, position)]) ++position;
+  while (position < text.size() && !isOdd(byteAt(text, position))) ++position;
   return position;
 }
 

@@ -236,7 +236,8 @@ class PlainReader final : public XmlEvents {
     requirePlain(!hasField(holder, number, name));
     name.lastIn = number;
     XMP_Node& node = append(holder, name.stored);
-    if (number == kTop && sRegisteredAliasMap->contains(name.stored)) {
+    const bool isTop = number == kTop;
+    if (isTop && name.prefix->hasAliases && sRegisteredAliasMap->contains(name.stored)) {
       node.options |= kXMP_PropIsAlias;
       tree_.options |= kXMP_PropHasAliases;
     }
@@ -301,6 +302,7 @@ bool readPlain(std::string_view packet, Metadata& metadata) {
       return true;
     }
   } catch (const NotPlain&) {
+  } catch (const PacketRefused&) {  // unless it is malformed, which the toolkit tells
   }
   inside.tree.ClearNode();
   return false;

@@ -1,8 +1,9 @@
 #include "core/packet/text_output.h"
 
 #include <algorithm>
-#include <bit>
-#include <cstdint>
+#include <utility>
+
+#include "core/packet/blocks.h"
 
 namespace xmpl {
 namespace {
@@ -26,64 +27,51 @@ constexpr Special kSpecial<Place::toolkitForgets> = specialAre("&<\"");
 
 constexpr std::size_t kMostEscaped = 6;  // bytes that one becomes
 
-// A vector of characters, looked at in one go.
-constexpr std::ptrdiff_t kBlock = 16;
-using Block = unsigned char __attribute__((vector_size(kBlock)));
-
-std::ptrdiff_t leadingZeroBytes(std::uint64_t bytes) {
-  const bool isLittle = std::endian::native == std::endian::little;
-  return (isLittle ? std::countr_zero(bytes) : std::countl_zero(bytes)) / 8;
+// What is escaped somewhere. Each comparison but the first is for two characters that differ in one
+// bit.
+auto specialIn(const Block& block) {
+  static_assert(('&' | 0x04) == ('"' | 0x04) && ('<' | 0x02) == ('>' | 0x02));
+  return (block < 0x20) | ((block | 0x04) == '&') | ((block | 0x02) == '>');
 }
 
-// How many characters at the beginning of a block are escaped nowhere.
-std::ptrdiff_t plainBytes(const char* from) {
-  Block block;
-  std::memcpy(&block, from, kBlock);
-  const auto special =
-      (block < 0x20) | (block == '&') | (block == '<') | (block == '>') | (block == '"');
-  std::array<std::uint64_t, 2> halves;
-  static_assert(sizeof halves == sizeof special);
-  std::memcpy(halves.data(), &special, sizeof halves);
-  if ((halves[0] | halves[1]) == 0) return kBlock;
-  return halves[0] != 0 ? leadingZeroBytes(halves[0]) : kBlock / 2 + leadingZeroBytes(halves[1]);
-}
+struct Escape {
+  std::array<char, kMostEscaped + 2> text;  // so long that it is copied in one go
+  std::size_t size;
+};
 
-std::string_view escaped(char c) {
-  switch (c) {
-    case '&':
-      return "&amp;";
-    case '<':
-      return "&lt;";
-    case '>':
-      return "&gt;";
-    case '"':
-      return "&quot;";
-    case '\t':
-      return "&#x9;";
-    case '\n':
-      return "&#xA;";
-    case '\r':
-      return "&#xD;";
-    default:
-      return " ";  // as a Set stores what XML cannot hold
+constexpr Escape kBlank{{' '}, 1};  // as a Set stores what XML cannot hold
+
+const Escape& escapeOf(char c) {
+  static constexpr std::pair<char, Escape> kEscapes[] = {
+      {'\n', {{'&', '#', 'x', 'A', ';'}, 5}},     {'&', {{'&', 'a', 'm', 'p', ';'}, 5}},
+      {'<', {{'&', 'l', 't', ';'}, 4}},           {'>', {{'&', 'g', 't', ';'}, 4}},
+      {'"', {{'&', 'q', 'u', 'o', 't', ';'}, 6}}, {'\t', {{'&', '#', 'x', '9', ';'}, 5}},
+      {'\r', {{'&', '#', 'x', 'D', ';'}, 5}},
+  };
+  for (const auto& [character, escape] : kEscapes) {
+    if (character == c) return escape;
   }
+  return kBlank;
 }
 
-// Writes to `to` what `text` becomes; answers its end. May write kBlock bytes more.
+// Writes to `to` what `text` becomes; answers its end. May write kBlockBytes more.
 char* escapeTo(char* to, std::string_view text, const Special& special) {
   const char* from = text.data();
   const char* const end = from + text.size();
   while (from != end) {
-    if (end - from >= kBlock) {
-      std::memcpy(to, from, kBlock);
-      const std::ptrdiff_t plain = plainBytes(from);
+    if (static_cast<std::size_t>(end - from) >= kBlockBytes) {
+      const Block block = blockAt(from);
+      std::memcpy(to, &block, kBlockBytes);
+      const std::size_t plain = charactersBefore(specialIn(block));
       from += plain;
       to += plain;
-      if (plain == kBlock) continue;
+      if (plain == kBlockBytes) continue;
     }
     while (from != end && !special[static_cast<unsigned char>(*from)]) *to++ = *from++;
     if (from == end) break;
-    for (const char c : escaped(*from++)) *to++ = c;
+    const Escape& escape = escapeOf(*from++);
+    std::memcpy(to, escape.text.data(), escape.text.size());
+    to += escape.size;
   }
   return to;
 }
