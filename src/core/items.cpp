@@ -4,28 +4,31 @@
 
 namespace xmpl {
 
-bool readText(const XMP_Node* node, std::string& value) {
+namespace {
+
+template <class Value, class ValueOf>
+bool readIfThere(const XMP_Node* node, Value& value, const ValueOf& valueOf) {
   if (node == nullptr) return false;
-  value = anyText(*node);
+  value = valueOf(*node);
   return true;
+}
+
+}  // namespace
+
+bool readText(const XMP_Node* node, std::string& value) {
+  return readIfThere(node, value, anyText);
 }
 
 bool readInteger(const XMP_Node* node, std::int32_t& value) {
-  if (node == nullptr) return false;
-  value = toInteger(simpleText(*node));
-  return true;
+  return readIfThere(node, value, [](const XMP_Node& n) { return toInteger(simpleText(n)); });
 }
 
 bool readReal(const XMP_Node* node, double& value) {
-  if (node == nullptr) return false;
-  value = toReal(simpleText(*node));
-  return true;
+  return readIfThere(node, value, [](const XMP_Node& n) { return toReal(simpleText(n)); });
 }
 
 bool readBoolean(const XMP_Node* node, bool& value) {
-  if (node == nullptr) return false;
-  value = toBoolean(simpleText(*node));
-  return true;
+  return readIfThere(node, value, [](const XMP_Node& n) { return toBoolean(simpleText(n)); });
 }
 
 bool readTextOrEmpty(const XMP_Node* node, std::string& value) {
@@ -47,20 +50,24 @@ void ArrayWriter::addInteger(std::int32_t value) const {
 }
 
 // A text ends at its first NUL, as everywhere in the toolkit.
-void ItemWriter::text(const char* field, const std::string& value) const {
+bool ItemWriter::text(const char* field, const std::string& value) const {
   setText(appendField(structure_, field), value.c_str());
+  return true;
 }
 
-void ItemWriter::integer(const char* field, std::int32_t value) const {
+bool ItemWriter::integer(const char* field, std::int32_t value) const {
   setPlainText(appendField(structure_, field), integerText(value));
+  return true;
 }
 
-void ItemWriter::real(const char* field, double value) const {
+bool ItemWriter::real(const char* field, double value) const {
   setPlainText(appendField(structure_, field), realText(value));
+  return true;
 }
 
-void ItemWriter::boolean(const char* field, bool value) const {
+bool ItemWriter::boolean(const char* field, bool value) const {
   setPlainText(appendField(structure_, field), booleanText(value));
+  return true;
 }
 
 ArrayWriter ItemWriter::array(const char* field, ArrayKind kind) const {

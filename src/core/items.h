@@ -82,6 +82,15 @@ class ItemReader {
   bool boolean(std::string_view field, bool& value) const {
     return readBoolean(node(field), value);
   }
+  // These answer true in any case.
+  bool optionalText(std::string_view field, std::string& value) const {
+    optional().text(field, value);
+    return true;
+  }
+  bool textUnlessEmpty(std::string_view field, std::string& value) const {
+    return optionalText(field, value);
+  }
+
   ArrayReader array(std::string_view field) const { return ArrayReader(node(field), trace_); }
 
  private:
@@ -122,15 +131,23 @@ class ArrayWriter {
   XMP_Node& array_;
 };
 
-// A structure that is being written anew; each field is written once.
+// A structure that is being written anew; each field is written once. Each write answers true, so
+// that one chain of fields can serve reading and writing.
 class ItemWriter {
  public:
   explicit ItemWriter(XMP_Node& structure) : structure_(structure) { makeStructure(structure); }
 
-  void text(const char* field, const std::string& value) const;
-  void integer(const char* field, std::int32_t value) const;
-  void real(const char* field, double value) const;
-  void boolean(const char* field, bool value) const;
+  bool text(const char* field, const std::string& value) const;
+  bool integer(const char* field, std::int32_t value) const;
+  bool real(const char* field, double value) const;
+  bool boolean(const char* field, bool value) const;
+  bool optionalText(const char* field, const std::string& value) const {
+    return text(field, value);
+  }
+  bool textUnlessEmpty(const char* field, const std::string& value) const {
+    return value.empty() || text(field, value);
+  }
+
   ArrayWriter array(const char* field, ArrayKind kind) const;
   ItemWriter structure(const char* field) const;
 

@@ -8,6 +8,9 @@
 #include <tuple>
 #include <vector>
 
+#include "XMPlib.h"
+#include "core/toolkit/client.h"
+
 namespace xmpl {
 
 template <class Value>
@@ -74,6 +77,20 @@ template <class Record, class Identity>
 bool mergeMissing(std::vector<Record>& list, const std::vector<Record>& incoming,
                   const Identity& identity) {
   return mergeMissing(list, incoming, identity, [](const Record&, const Record&) {});
+}
+
+// The body of a Merge, for XMPlib::guarded: what the list's Get reads and the incoming records that
+// are not among it go to its Set. What these two answer is not looked at; their error text stays.
+template <class Record, class Identity, class... Match>
+auto merging(XMPlib& xmp, bool (XMPlib::*get)(std::vector<Record>&) const,
+             bool (XMPlib::*set)(const std::vector<Record>&), const std::vector<Record>& incoming,
+             const Identity& identity, const Match&... match) {
+  return [&, get, set](const Metadata&) {
+    std::vector<Record> merged;
+    (xmp.*get)(merged);
+    if (mergeMissing(merged, incoming, identity, match...)) (xmp.*set)(merged);
+    return true;
+  };
 }
 
 }  // namespace xmpl

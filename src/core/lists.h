@@ -1,4 +1,8 @@
 // The one way to read and write a list of records: an array of structures.
+//
+// What one item holds is said by its fields: where reading and writing are the same, by one chain
+//   [](const auto& item, auto& record) { return item.text("...", record.field) && ...; }
+// for an ItemReader and an ItemWriter alike; where they are not, by two functions side by side.
 #pragma once
 
 #include <utility>
@@ -44,6 +48,19 @@ bool writeList(Metadata& metadata, const List& list, const WriteItem& writeItem,
                const std::vector<Record>& records) {
   writeItems(ArrayWriter(metadata, list.name, list.kind), writeItem, records);
   return true;
+}
+
+// The bodies of a Get and a Set, for XMPlib::guarded. The records of a Get are emptied at once,
+// before the handle is looked at.
+template <class Record, class ReadItem>
+auto reading(const List& list, const ReadItem& readItem, std::vector<Record>& records) {
+  records.clear();
+  return [&](const Metadata& metadata) { return readList(metadata, list, readItem, records); };
+}
+
+template <class Record, class WriteItem>
+auto writing(const List& list, const WriteItem& writeItem, const std::vector<Record>& records) {
+  return [&](Metadata& metadata) { return writeList(metadata, list, writeItem, records); };
 }
 
 }  // namespace xmpl

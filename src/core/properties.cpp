@@ -5,21 +5,25 @@
 
 namespace xmpl {
 
-void PropertyWriter::text(PropertyPath name, const std::string& value) const {
+bool PropertyWriter::text(PropertyPath name, const std::string& value) const {
   refuseOverlong(value.c_str());
   metadata_.SetProperty(name.schema, name.path, value);
+  return true;
 }
 
-void PropertyWriter::integer(PropertyPath name, std::int32_t value) const {
+bool PropertyWriter::integer(PropertyPath name, std::int32_t value) const {
   metadata_.SetProperty_Int(name.schema, name.path, value);
+  return true;
 }
 
-void PropertyWriter::real(PropertyPath name, double value) const {
+bool PropertyWriter::real(PropertyPath name, double value) const {
   metadata_.SetProperty(name.schema, name.path, realText(value));
+  return true;
 }
 
-void PropertyWriter::boolean(PropertyPath name, bool value) const {
+bool PropertyWriter::boolean(PropertyPath name, bool value) const {
   metadata_.SetProperty_Bool(name.schema, name.path, value);
+  return true;
 }
 
 void PropertyWriter::date(PropertyPath name, const XMP_DateTime& value) const {

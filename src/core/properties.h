@@ -35,14 +35,15 @@ class PropertyReader {
   const Metadata& metadata_;
 };
 
+// Writes of values answer true, as those of an ItemWriter.
 class PropertyWriter {
  public:
   explicit PropertyWriter(Metadata& metadata) : metadata_(metadata) {}
 
-  void text(PropertyPath name, const std::string& value) const;
-  void integer(PropertyPath name, std::int32_t value) const;
-  void real(PropertyPath name, double value) const;
-  void boolean(PropertyPath name, bool value) const;
+  bool text(PropertyPath name, const std::string& value) const;
+  bool integer(PropertyPath name, std::int32_t value) const;
+  bool real(PropertyPath name, double value) const;
+  bool boolean(PropertyPath name, bool value) const;
   void date(PropertyPath name, const XMP_DateTime& value) const;
   void remove(PropertyPath name) const;
 

@@ -4,21 +4,21 @@
 #include <string_view>
 
 #include "XMPlib.h"
+#include "core/ascii.h"
 #include "core/packet/draft.h"
 #include "core/packet/limits.h"
 #include "core/toolkit/client.h"
 #include "core/toolkit/tree.h"
 #include "core/value_text.h"
 
-namespace {
-
 using xmpl::Metadata;
+
+namespace {
 
 bool isPlainName(std::string_view name) {
   return name.size() <= xmpl::limits::kLocalNameBytes &&
          std::all_of(name.begin(), name.end(), [](char c) {
-           return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || (c >= '0' && c <= '9') ||
-                  c == '_' || c == ':';
+           return xmpl::isLetter(c) || xmpl::isDigit(c) || c == '_' || c == ':';
          });
 }
 

@@ -77,6 +77,18 @@ void findUnread(ListAudit audit, ArrayKind kind, const ReadItem& readItem,
       kind, [&](const ArrayWriter& array) { writeItems(array, writeItem, records); }, unread);
 }
 
+template <class Record, class ReadItem, class WriteItem>
+void findUnread(const Metadata& metadata, const List& list, const ReadItem& readItem,
+                const WriteItem& writeItem, Unread& unread) {
+  findUnread<Record>({metadata, list.name}, list.kind, readItem, writeItem, unread);
+}
+
+// Where one chain says both.
+template <class Record, class Fields>
+void findUnread(const Metadata& metadata, const List& list, const Fields& fields, Unread& unread) {
+  findUnread<Record>(metadata, list, fields, fields, unread);
+}
+
 // One for each list, beside its reading and writing.
 using FindUnread = void(const Metadata& metadata, Unread& unread);
 FindUnread findUnreadInks, findUnreadFilmInks, findUnreadInkProperties, findUnreadJobRefs,

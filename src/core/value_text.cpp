@@ -9,6 +9,7 @@
 #include <cstdlib>
 #include <limits>
 
+#include "core/ascii.h"
 #include "core/toolkit/client.h"
 
 namespace xmpl {
@@ -23,8 +24,6 @@ std::string_view trimmed(std::string_view text) {
   if (first == std::string_view::npos) return {};
   return text.substr(first, text.find_last_not_of(kBlanks) - first + 1);
 }
-
-bool isDigit(char c) { return c >= '0' && c <= '9'; }
 
 // Digits with at most one point among them, after an optional minus: the form of every real that
 // this library writes. So short that it can neither overflow nor lose denormal bits.

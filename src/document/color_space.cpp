@@ -8,11 +8,11 @@
 #include "core/call_guard.h"
 #include "core/properties.h"
 
-namespace {
-
 using xmpl::Metadata;
 using xmpl::PropertyReader;
 using xmpl::PropertyWriter;
+
+namespace {
 
 constexpr const char* kLocations[] = {"Untagged", "PDFOutputIntent", "VXEmbedded", "VXDatabase"};
 

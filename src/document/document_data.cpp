@@ -15,13 +15,13 @@
 #include "core/toolkit/tree.h"
 #include "document/three_way.h"
 
-namespace {
-
 using xmpl::Metadata;
 using xmpl::PropertyReader;
 using xmpl::PropertyWriter;
 using xmpl::writeThreeWay;
 using xmpl::writeThreeWayDate;
+
+namespace {
 
 // Three-way, for all languages of the description at once.
 void writeDescription(const PropertyWriter& properties, const std::string& description) {

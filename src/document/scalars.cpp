@@ -2,12 +2,12 @@
 #include "core/call_guard.h"
 #include "core/properties.h"
 
-namespace {
-
 using xmpl::Metadata;
 using xmpl::PropertyName;
 using xmpl::PropertyReader;
 using xmpl::PropertyWriter;
+
+namespace {
 
 bool read(const Metadata& metadata, PropertyName name, int& value) {
   return PropertyReader(metadata).integer(name, value);

@@ -10,11 +10,11 @@
 #include "core/call_guard.h"
 #include "core/properties.h"
 
-namespace {
-
 using xmpl::Metadata;
 using xmpl::PropertyName;
 using xmpl::PropertyWriter;
+
+namespace {
 
 void writeOrRemove(const PropertyWriter& properties, PropertyName name, const std::string& text) {
   if (text.empty()) {

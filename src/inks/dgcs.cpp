@@ -8,11 +8,10 @@
 #include "core/unread.h"
 #include "core/value_text.h"
 
-namespace {
-
 using xmpl::ItemReader;
 using xmpl::ItemWriter;
-using xmpl::Metadata;
+
+namespace {
 
 constexpr xmpl::List kDgcs{"vxDGCL:dgcs", xmpl::ArrayKind::unordered};
 
@@ -67,9 +66,10 @@ std::string textOf(const std::vector<double>& values) {
 }
 
 bool readDgc(const ItemReader& item, XMPlDgcc& dgc) {
-  if (!item.text("vxDGC:name", dgc.name)) return false;
   std::string values;
-  item.optional().text("vxDGC:values", values);
+  if (!item.text("vxDGC:name", dgc.name) || !item.optionalText("vxDGC:values", values)) {
+    return false;
+  }
   dgc.values = valuesOf(values);
   return true;
 }
@@ -95,15 +95,13 @@ bool XMPlDgcc::operator<(const XMPlDgcc& other) const {
 }
 
 void xmpl::findUnreadDgcs(const Metadata& metadata, Unread& unread) {
-  findUnread<XMPlDgcc>({metadata, kDgcs.name}, kDgcs.kind, readDgc, writeDgc, unread);
+  findUnread<XMPlDgcc>(metadata, kDgcs, readDgc, writeDgc, unread);
 }
 
 bool XMPlib::GetDgcs(std::vector<XMPlDgcc>& dgcs) const {
-  dgcs.clear();
-  return guarded(
-      [&](const Metadata& metadata) { return readList(metadata, kDgcs, readDgc, dgcs); });
+  return guarded(reading(kDgcs, readDgc, dgcs));
 }
 
 bool XMPlib::SetDgcs(const std::vector<XMPlDgcc>& dgcs) {
-  return guarded([&](Metadata& metadata) { return writeList(metadata, kDgcs, writeDgc, dgcs); });
+  return guarded(writing(kDgcs, writeDgc, dgcs));
 }

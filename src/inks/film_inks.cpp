@@ -13,44 +13,31 @@
 //   written vxDigFilmRef:renditionClass, read vxUsedF:renditionClass   text
 #include "core/call_guard.h"
 #include "core/unread.h"
-
-namespace {
+#include "inks/ink_item.h"
 
 using xmpl::ItemReader;
 using xmpl::ItemWriter;
 using xmpl::Metadata;
 
+namespace {
+
 constexpr xmpl::List kFilmInks{"vxGr:inks", xmpl::ArrayKind::ordered};
 constexpr xmpl::List kJobRefs{"vxDigFilmRefs:files", xmpl::ArrayKind::ordered};
 
+constexpr auto kFilmInkFields = [](const auto& item, auto& ink) {
+  return xmpl::kInkColour(item, ink) && item.text("vxInk:attribute", ink.attribute) &&
+         item.optionalText("vxInk:printingmethod", ink.printingmethod) &&
+         item.real("vxInk:opacity", ink.opacity) &&
+         item.textUnlessEmpty("vxInk:inknrsoriginal", ink.inknrsoriginal);
+};
+
 bool readFilmInk(const ItemReader& item, XMPlInkDigFilm& ink) {
-  if (!item.text("vxInk:name", ink.name) || !item.text("vxInk:type", ink.type)) return false;
-  item.optional().text("vxInk:book", ink.book);
-  item.optional().text("vxInk:vxname", ink.vxname);
-  if (!item.real("vxInk:r", ink.r) || !item.real("vxInk:g", ink.g) ||
-      !item.real("vxInk:b", ink.b) || !item.text("vxInk:attribute", ink.attribute)) {
-    return false;
-  }
-  item.optional().text("vxInk:printingmethod", ink.printingmethod);
-  if (!item.real("vxInk:opacity", ink.opacity)) return false;
-  item.optional().text("vxInk:inknrsoriginal", ink.inknrsoriginal);
-  return true;
+  return readInkIdentity(item, ink) && kFilmInkFields(item, ink);
 }
 
 void writeFilmInk(const ItemWriter& item, const XMPlInkDigFilm& ink, bool withBookAndName) {
-  item.text("vxInk:name", ink.name);
-  item.text("vxInk:type", ink.type);
-  if (withBookAndName) {
-    item.text("vxInk:book", ink.book);
-    item.text("vxInk:vxname", ink.vxname);
-  }
-  item.real("vxInk:r", ink.r);
-  item.real("vxInk:g", ink.g);
-  item.real("vxInk:b", ink.b);
-  item.text("vxInk:attribute", ink.attribute);
-  item.text("vxInk:printingmethod", ink.printingmethod);
-  item.real("vxInk:opacity", ink.opacity);
-  if (!ink.inknrsoriginal.empty()) item.text("vxInk:inknrsoriginal", ink.inknrsoriginal);
+  writeInkIdentity(item, ink, withBookAndName);
+  kFilmInkFields(item, ink);
 }
 
 // Deliberate: read from another namespace than writeJobRef writes.
@@ -70,37 +57,28 @@ void xmpl::findUnreadFilmInks(const Metadata& metadata, Unread& unread) {
   const auto write = [](const ItemWriter& item, const XMPlInkDigFilm& ink) {
     writeFilmInk(item, ink, true);
   };
-  findUnread<XMPlInkDigFilm>({metadata, kFilmInks.name}, kFilmInks.kind, readFilmInk, write,
-                             unread);
+  findUnread<XMPlInkDigFilm>(metadata, kFilmInks, readFilmInk, write, unread);
 }
 
 void xmpl::findUnreadJobRefs(const Metadata& metadata, Unread& unread) {
-  findUnread<XMPlUsedDigFilmRef>({metadata, kJobRefs.name}, kJobRefs.kind, readJobRef, writeJobRef,
-                                 unread);
+  findUnread<XMPlUsedDigFilmRef>(metadata, kJobRefs, readJobRef, writeJobRef, unread);
 }
 
 bool XMPlib::GetInksDigFilm(std::vector<XMPlInkDigFilm>& inks) const {
-  inks.clear();
-  return guardedPassingToolkitErrors(
-      [&](const Metadata& metadata) { return readList(metadata, kFilmInks, readFilmInk, inks); });
+  return guardedPassingToolkitErrors(reading(kFilmInks, readFilmInk, inks));
 }
 
 bool XMPlib::SetInksDigFilm(const std::vector<XMPlInkDigFilm>& inks, bool withBookAndName) {
-  return guarded([&](Metadata& metadata) {
-    const auto write = [=](const ItemWriter& item, const XMPlInkDigFilm& ink) {
-      writeFilmInk(item, ink, withBookAndName);
-    };
-    return writeList(metadata, kFilmInks, write, inks);
-  });
+  const auto write = [=](const ItemWriter& item, const XMPlInkDigFilm& ink) {
+    writeFilmInk(item, ink, withBookAndName);
+  };
+  return guarded(writing(kFilmInks, write, inks));
 }
 
 bool XMPlib::GetUsedDigitalJobRefs(std::vector<XMPlUsedDigFilmRef>& refs) const {
-  refs.clear();
-  return guarded(
-      [&](const Metadata& metadata) { return readList(metadata, kJobRefs, readJobRef, refs); });
+  return guarded(reading(kJobRefs, readJobRef, refs));
 }
 
 bool XMPlib::SetUsedDigitalJobRefs(const std::vector<XMPlUsedDigFilmRef>& refs) {
-  return guarded(
-      [&](Metadata& metadata) { return writeList(metadata, kJobRefs, writeJobRef, refs); });
+  return guarded(writing(kJobRefs, writeJobRef, refs));
 }

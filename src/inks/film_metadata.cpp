@@ -14,13 +14,13 @@
 #include "core/call_guard.h"
 #include "core/lists.h"
 #include "document/film_dimensions.h"
+#include "inks/ink_item.h"
 #include "screening/screen_item.h"
-
-namespace {
 
 using xmpl::ArrayKind;
 using xmpl::ItemWriter;
-using xmpl::Metadata;
+
+namespace {
 
 constexpr xmpl::List kFilms{"vxDigFilmMetaDataList:metadataList", ArrayKind::ordered};
 
@@ -29,20 +29,16 @@ void writeInk(const ItemWriter& item, const XMPlInkDigFilm& ink) {
   item.text("vxInk:name", ink.name);
   item.text("vxInk:type", ink.type);
   item.text("vxInk:attribute", ink.attribute);
-  item.real("vxInk:r", ink.r);
-  item.real("vxInk:g", ink.g);
-  item.real("vxInk:b", ink.b);
+  xmpl::kInkColour(item, ink);
   item.real("vxInk:opacity", ink.opacity);
-  if (!ink.inknrsoriginal.empty()) item.text("vxInk:nrinksoriginal", ink.inknrsoriginal);
+  item.textUnlessEmpty("vxInk:nrinksoriginal", ink.inknrsoriginal);
 }
 
 void writeScreen(const ItemWriter& item, const XMPlScreen& screen) {
   const ItemWriter fields = item.structure("vxDigFilmMetaData:screen");
   xmpl::writeScreenCurves(fields, screen);
-  fields.text("vxScreen:dotshapereq", screen.dotshapereq);
-  fields.text("vxScreen:dotshape", screen.dotshape);
-  fields.text("vxScreen:dotname", xmpl::dotNameOf(screen));
-  xmpl::writeScreenRulings(fields, screen);
+  xmpl::writeScreenDot(fields, screen);
+  xmpl::kRulingsAndAngles(fields, screen);
 }
 
 void writeUsedRef(const ItemWriter& item, const XMPlUsedRef& ref) {
@@ -63,5 +59,5 @@ void writeFilm(const ItemWriter& item, const XMPlMetaDataDigFilm& film) {
 }  // namespace
 
 bool XMPlib::SetMetaDataDigFilms(const std::vector<XMPlMetaDataDigFilm>& films) {
-  return guarded([&](Metadata& metadata) { return writeList(metadata, kFilms, writeFilm, films); });
+  return guarded(writing(kFilms, writeFilm, films));
 }

@@ -16,14 +16,15 @@
 #include "core/call_guard.h"
 #include "core/list_merge.h"
 #include "core/unread.h"
-
-namespace {
+#include "inks/ink_item.h"
 
 using xmpl::ArrayReader;
 using xmpl::ArrayWriter;
 using xmpl::ItemReader;
 using xmpl::ItemWriter;
 using xmpl::Metadata;
+
+namespace {
 
 constexpr xmpl::List kInks{"vxGr:inks", xmpl::ArrayKind::ordered};
 constexpr xmpl::List kCoverage{"vxInkCovL:coverage", xmpl::ArrayKind::ordered};
@@ -40,18 +41,12 @@ void readCoverage(const ArrayReader& coverage, std::size_t i, XMPlInk& ink) {
 }
 
 bool readInk(const ItemReader& item, XMPlInk& ink) {
-  if (!item.text("vxInk:name", ink.name) || !item.text("vxInk:type", ink.type)) return false;
-  item.optional().text("vxInk:book", ink.book);
-  item.optional().text("vxInk:vxname", ink.vxname);
-  if (!item.real("vxInk:frequency", ink.frequency) || !item.real("vxInk:angle", ink.angle)) {
+  if (!readInkIdentity(item, ink) || !item.real("vxInk:frequency", ink.frequency) ||
+      !item.real("vxInk:angle", ink.angle) || !item.optionalText("vxInk:dotshape", ink.dotshape) ||
+      !xmpl::kInkColour(item, ink) || !item.text("vxInk:attribute", ink.attribute)) {
     return false;
   }
-  item.optional().text("vxInk:dotshape", ink.dotshape);
-  if (!item.real("vxInk:r", ink.r) || !item.real("vxInk:g", ink.g) ||
-      !item.real("vxInk:b", ink.b) || !item.text("vxInk:attribute", ink.attribute)) {
-    return false;
-  }
-  item.optional().text("vxInk:printingmethod", ink.printingmethod);
+  item.optionalText("vxInk:printingmethod", ink.printingmethod);
   bool omask = false;
   item.optional().boolean("vxInk:omask", omask);
   if (omask) ink.attribute = kOpaqueMask;
@@ -68,18 +63,11 @@ void writeAttribute(const ItemWriter& item, const std::string& attribute) {
 }
 
 void writeInk(const ItemWriter& item, const XMPlInk& ink, bool writeBookAndVxname) {
-  item.text("vxInk:name", ink.name);
-  item.text("vxInk:type", ink.type);
-  if (writeBookAndVxname) {
-    item.text("vxInk:book", ink.book);
-    item.text("vxInk:vxname", ink.vxname);
-  }
+  writeInkIdentity(item, ink, writeBookAndVxname);
   item.real("vxInk:frequency", ink.frequency);
   item.real("vxInk:angle", ink.angle);
   item.text("vxInk:dotshape", ink.dotshape);
-  item.real("vxInk:r", ink.r);
-  item.real("vxInk:g", ink.g);
-  item.real("vxInk:b", ink.b);
+  xmpl::kInkColour(item, ink);
   writeAttribute(item, ink.attribute);
   item.text("vxInk:printingmethod", ink.printingmethod);
 }
@@ -101,13 +89,15 @@ void readInks(const ArrayReader& array, const ArrayReader& coverage, bool exclud
   }
 }
 
-// The fields that operator== compares.
-auto identity(const XMPlInk& ink) {
-  return std::tie(ink.name, ink.type, ink.book, ink.vxname, ink.attribute, ink.printingmethod,
-                  ink.frequency, ink.angle, ink.dotshape);
+}  // namespace
+
+bool XMPlInkBasic::operator==(const XMPlInkBasic& other) const {
+  return xmpl::kBasicInkIdentity(*this) == xmpl::kBasicInkIdentity(other);
 }
 
-}  // namespace
+bool XMPlInk::operator==(const XMPlInk& other) const {
+  return xmpl::kInkIdentity(*this) == xmpl::kInkIdentity(other);
+}
 
 void xmpl::findUnreadInks(const Metadata& metadata, Unread& unread) {
   ListAudit inksAudit(metadata, kInks.name);
@@ -156,7 +146,7 @@ bool XMPlib::MergeInks(const std::vector<XMPlInk>& inks, bool writeBookAndVxname
   return guarded([&](const Metadata&) {
     std::vector<XMPlInk> merged;
     GetInks(merged, false);
-    if (!xmpl::mergeMissing(merged, inks, identity)) return true;
+    if (!xmpl::mergeMissing(merged, inks, xmpl::kInkIdentity)) return true;
     // Deliberate: coverage was measured for another set of inks.
     for (XMPlInk& ink : merged) ink.coverageValid = false;
     SetInks(merged, writeBookAndVxname);

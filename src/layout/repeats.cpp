@@ -1,77 +1,40 @@
-// Step and repeat: vxSrLayout:repeats, an unordered array of
-//   vxSRRep:type         text
-//   vxSRRep:name         text
-//   vxSRRep:stationname  text, for the type "die" alone
-//   vxSRRep:vnr, hnr     integer, for the type "grid" alone
-//   vxSRRep:front        text
-//   vxSRRep:frontpage    integer
-//   vxSRRep:back         text
-//   vxSRRep:backpage     integer
-//   vxSRRep:count        integer
+// Step and repeat.
 #include "core/call_guard.h"
 #include "core/unread.h"
 
 namespace {
 
-using xmpl::ItemReader;
-using xmpl::ItemWriter;
-using xmpl::Metadata;
-
 constexpr xmpl::List kRepeats{"vxSrLayout:repeats", xmpl::ArrayKind::unordered};
-constexpr const char* kDie = "die";
-constexpr const char* kGrid = "grid";
 
-bool readPlacement(const ItemReader& item, XMPlRepeat& repeat) {
-  if (repeat.type == kDie) return item.text("vxSRRep:stationname", repeat.stationname);
-  if (repeat.type == kGrid) {
+// What the type alone has.
+constexpr auto kPlacement = [](const auto& item, auto& repeat) {
+  const std::string_view type = repeat.type.c_str();  // as it is stored: up to a NUL
+  if (type == "die") return item.text("vxSRRep:stationname", repeat.stationname);
+  if (type == "grid") {
     return item.integer("vxSRRep:vnr", repeat.vnr) && item.integer("vxSRRep:hnr", repeat.hnr);
   }
   return true;
-}
+};
 
-bool readRepeat(const ItemReader& item, XMPlRepeat& repeat) {
+constexpr auto kRepeatFields = [](const auto& item, auto& repeat) {
   return item.text("vxSRRep:type", repeat.type) && item.text("vxSRRep:name", repeat.name) &&
-         readPlacement(item, repeat) && item.text("vxSRRep:front", repeat.front) &&
+         kPlacement(item, repeat) && item.text("vxSRRep:front", repeat.front) &&
          item.integer("vxSRRep:frontpage", repeat.frontpage) &&
          item.text("vxSRRep:back", repeat.back) &&
          item.integer("vxSRRep:backpage", repeat.backpage) &&
          item.integer("vxSRRep:count", repeat.count);
-}
-
-void writePlacement(const ItemWriter& item, const XMPlRepeat& repeat) {
-  const std::string_view type = repeat.type.c_str();  // as it is stored: up to a NUL
-  if (type == kDie) {
-    item.text("vxSRRep:stationname", repeat.stationname);
-  } else if (type == kGrid) {
-    item.integer("vxSRRep:vnr", repeat.vnr);
-    item.integer("vxSRRep:hnr", repeat.hnr);
-  }
-}
-
-void writeRepeat(const ItemWriter& item, const XMPlRepeat& repeat) {
-  item.text("vxSRRep:type", repeat.type);
-  item.text("vxSRRep:name", repeat.name);
-  writePlacement(item, repeat);
-  item.text("vxSRRep:front", repeat.front);
-  item.integer("vxSRRep:frontpage", repeat.frontpage);
-  item.text("vxSRRep:back", repeat.back);
-  item.integer("vxSRRep:backpage", repeat.backpage);
-  item.integer("vxSRRep:count", repeat.count);
-}
+};
 
 }  // namespace
 
 void xmpl::findUnreadRepeats(const Metadata& metadata, Unread& unread) {
-  findUnread<XMPlRepeat>({metadata, kRepeats.name}, kRepeats.kind, readRepeat, writeRepeat, unread);
+  findUnread<XMPlRepeat>(metadata, kRepeats, kRepeatFields, unread);
 }
 
 bool XMPlib::GetRepeats(std::vector<XMPlRepeat>& repeats) const {
-  repeats.clear();
-  return guarded(
-      [&](const Metadata& metadata) { return readList(metadata, kRepeats, readRepeat, repeats); });
+  return guarded(reading(kRepeats, kRepeatFields, repeats));
 }
 
 bool XMPlib::SetRepeats(const std::vector<XMPlRepeat>& repeats) {
-  return guarded(
-      [&](Metadata& metadata) { return writeList(metadata, kRepeats, writeRepeat, repeats); });
+  return guarded(writing(kRepeats, kRepeatFields, repeats));
 }

@@ -1,8 +1,8 @@
 // Merging the packets of several digital films into one job.
-#include <algorithm>
 #include <set>
 
 #include "XMPlib.h"
+#include "core/ascii.h"
 
 namespace {
 
@@ -49,19 +49,14 @@ std::size_t findBase(const std::vector<std::string>& packets, XMPlib& film, Film
   return packets.size();
 }
 
-// Numbers come from packets: one that passes the largest starts again from the smallest.
-std::int32_t sum(std::int32_t a, std::int32_t b, std::int32_t c) {
-  return static_cast<std::int32_t>(std::int64_t{a} + b + c);
+// What a number, counted from 0, becomes behind the last one. Both come from packets: what passes
+// the largest starts again from the smallest.
+std::int32_t behind(std::int32_t last, std::int32_t number) {
+  return static_cast<std::int32_t>(std::int64_t{last} + 1 + number);
 }
 
 std::int32_t lastInk(const XMPlPagRange& range) {
   return range.inks.empty() ? 0 : range.inks.back();
-}
-
-bool isComposite(const std::string& structure) {
-  const std::string_view composite = kComposite;
-  return std::equal(structure.begin(), structure.end(), composite.begin(), composite.end(),
-                    [](char a, char b) { return (a | 0x20) == (b | 0x20); });
 }
 
 // The inks of the packet, each with the screen group at its position.
@@ -72,7 +67,7 @@ void addInks(const std::vector<XMPlInkDigFilm>& inks,
     job.screens.push_back(k < screens.size() ? screens[k] : std::vector<XMPlScreen>());
     if (mode != kSeparations) continue;
     XMPlPagRange& pages = job.ranges.front();
-    pages.inks.push_back(sum(lastInk(pages), 1, 0));
+    pages.inks.push_back(behind(lastInk(pages), 0));
     job.version.structure = kComposite;
   }
 }
@@ -81,11 +76,11 @@ void addInks(const std::vector<XMPlInkDigFilm>& inks,
 void addPages(XMPlPagRange pages, FilmJob& job) {
   const XMPlPagRange& last = job.ranges.back();
   const std::int32_t lastOfInks = lastInk(last);
-  pages.start = sum(pages.start, last.end, 1);
-  pages.end = sum(pages.end, last.end, 1);
-  for (std::int32_t& ink : pages.inks) ink = sum(ink, lastOfInks, 1);
+  pages.start = behind(last.end, pages.start);
+  pages.end = behind(last.end, pages.end);
+  for (std::int32_t& ink : pages.inks) ink = behind(lastOfInks, ink);
   job.ranges.push_back(std::move(pages));
-  if (!isComposite(job.version.structure)) job.version.structure = kSeparated;
+  if (!xmpl::equalsAnyCase(job.version.structure, kComposite)) job.version.structure = kSeparated;
 }
 
 // Deliberate: a name counts once within a packet, and again in every packet.

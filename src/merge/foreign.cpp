@@ -8,9 +8,9 @@
 #include "core/packet/draft.h"
 #include "core/properties.h"
 
-namespace {
-
 using xmpl::Metadata;
+
+namespace {
 
 // One node of the metadata, as the toolkit's iterator shows it.
 struct Node {

@@ -12,11 +12,10 @@
 #include "core/list_merge.h"
 #include "core/unread.h"
 
-namespace {
-
 using xmpl::ItemReader;
 using xmpl::ItemWriter;
-using xmpl::Metadata;
+
+namespace {
 
 constexpr xmpl::List kBarcodes{"vxBarcL:barcodes", xmpl::ArrayKind::unordered};
 
@@ -42,9 +41,9 @@ bool readBarcode(const ItemReader& item, XMPlBarcode& barcode) {
 
 void writeBarcode(const ItemWriter& item, const XMPlBarcode& barcode) {
   item.text("vxBarc:Type", barcode.type);
-  if (!barcode.symbolType.empty()) item.text("vxBarc:SymbolType", barcode.symbolType);
+  item.textUnlessEmpty("vxBarc:SymbolType", barcode.symbolType);
   item.text("vxBarc:Code", barcode.code);
-  if (!barcode.code2.empty()) item.text("vxBarc:Code2", barcode.code2);
+  item.textUnlessEmpty("vxBarc:Code2", barcode.code2);
   if (barcode.resolution != 0) item.real("vxBarc:Resolution", barcode.resolution);
   if (barcode.hasBarWidthReduction) {
     item.real("vxBarc:BarWidthReduction", barcode.barWidthReduction);
@@ -60,8 +59,8 @@ void writeBarcode(const ItemWriter& item, const XMPlBarcode& barcode) {
   }
 }
 
-// The fields that operator== compares; a value that its flag switches off counts as 0.
-auto identity(const XMPlBarcode& barcode) {
+// A value that its flag switches off counts as 0.
+constexpr auto kBarcodeIdentity = [](const XMPlBarcode& barcode) {
   const bool magnified = barcode.useMagnification;
   return std::tuple<const std::string&, const std::string&, const std::string&, const std::string&,
                     double, bool, bool, bool, double, double, double, double>(
@@ -70,49 +69,27 @@ auto identity(const XMPlBarcode& barcode) {
       barcode.hasBarWidthReduction ? barcode.barWidthReduction : 0,
       barcode.hasDeviceCompensation ? barcode.deviceCompensation : 0,
       magnified ? barcode.magnification : barcode.narrow, magnified ? 0 : barcode.ratio);
-}
+};
 
 }  // namespace
 
 bool XMPlBarcode::operator==(const XMPlBarcode& other) const {
-  if (type != other.type || symbolType != other.symbolType || code != other.code ||
-      code2 != other.code2) {
-    return false;
-  }
-  if (resolution != other.resolution) return false;
-  if (hasBarWidthReduction != other.hasBarWidthReduction ||
-      hasDeviceCompensation != other.hasDeviceCompensation ||
-      useMagnification != other.useMagnification) {
-    return false;
-  }
-  if (hasBarWidthReduction && barWidthReduction != other.barWidthReduction) return false;
-  if (hasDeviceCompensation && deviceCompensation != other.deviceCompensation) return false;
-  if (useMagnification) return magnification == other.magnification;
-  return narrow == other.narrow && ratio == other.ratio;
+  return kBarcodeIdentity(*this) == kBarcodeIdentity(other);
 }
 
 void xmpl::findUnreadBarcodes(const Metadata& metadata, Unread& unread) {
-  findUnread<XMPlBarcode>({metadata, kBarcodes.name}, kBarcodes.kind, readBarcode, writeBarcode,
-                          unread);
+  findUnread<XMPlBarcode>(metadata, kBarcodes, readBarcode, writeBarcode, unread);
 }
 
 bool XMPlib::GetBarcodes(std::vector<XMPlBarcode>& barcodes) const {
-  barcodes.clear();
-  return guarded([&](const Metadata& metadata) {
-    return readList(metadata, kBarcodes, readBarcode, barcodes);
-  });
+  return guarded(reading(kBarcodes, readBarcode, barcodes));
 }
 
 bool XMPlib::SetBarcodes(const std::vector<XMPlBarcode>& barcodes) {
-  return guarded(
-      [&](Metadata& metadata) { return writeList(metadata, kBarcodes, writeBarcode, barcodes); });
+  return guarded(writing(kBarcodes, writeBarcode, barcodes));
 }
 
 bool XMPlib::MergeBarcodes(const std::vector<XMPlBarcode>& barcodes) {
-  return guarded([&](const Metadata&) {
-    std::vector<XMPlBarcode> merged;
-    GetBarcodes(merged);
-    if (xmpl::mergeMissing(merged, barcodes, identity)) SetBarcodes(merged);
-    return true;
-  });
+  return guarded(
+      xmpl::merging(*this, &XMPlib::GetBarcodes, &XMPlib::SetBarcodes, barcodes, kBarcodeIdentity));
 }

@@ -1,10 +1,4 @@
-// External references: vxExtFL2:files, an unordered array of
-//   vxExtF:instanceID      text
-//   vxExtF:renditionClass  text
-//   vxExtF:pagenr          integer
-//   vxExtF:type            text, optional
-//   vxExtF:count           integer
-// and for older readers vxExtFL:files, an unordered array of file references.
+// External references, and for older readers the same as file references in a list of their own.
 #include <algorithm>
 #include <limits>
 
@@ -15,31 +9,15 @@
 
 namespace {
 
-using xmpl::ArrayReader;
-using xmpl::ItemReader;
-using xmpl::ItemWriter;
-using xmpl::Metadata;
-
 constexpr xmpl::List kReferences{"vxExtFL2:files", xmpl::ArrayKind::unordered};
 constexpr xmpl::List kOldReferences{"vxExtFL:files", xmpl::ArrayKind::unordered};
 
-bool readReference(const ItemReader& item, XMPlExtRef& ref) {
-  if (!item.text("vxExtF:instanceID", ref.instanceID) ||
-      !item.text("vxExtF:renditionClass", ref.renditionClass) ||
-      !item.integer("vxExtF:pagenr", ref.pagenr)) {
-    return false;
-  }
-  item.optional().text("vxExtF:type", ref.type);
-  return item.integer("vxExtF:count", ref.count);
-}
-
-void writeReference(const ItemWriter& item, const XMPlExtRef& ref) {
-  item.text("vxExtF:instanceID", ref.instanceID);
-  item.text("vxExtF:renditionClass", ref.renditionClass);
-  item.integer("vxExtF:pagenr", ref.pagenr);
-  item.text("vxExtF:type", ref.type);
-  item.integer("vxExtF:count", ref.count);
-}
+constexpr auto kReferenceFields = [](const auto& item, auto& ref) {
+  return item.text("vxExtF:instanceID", ref.instanceID) &&
+         item.text("vxExtF:renditionClass", ref.renditionClass) &&
+         item.integer("vxExtF:pagenr", ref.pagenr) && item.optionalText("vxExtF:type", ref.type) &&
+         item.integer("vxExtF:count", ref.count);
+};
 
 // An unknown count wins over any number.
 void addCount(XMPlExtRef& listed, const XMPlExtRef& incoming) {
@@ -58,58 +36,47 @@ void addCount(XMPlExtRef& listed, const XMPlExtRef& incoming) {
 }  // namespace
 
 bool XMPlExtRef::operator==(const XMPlExtRef& other) const {
-  return instanceID == other.instanceID && pagenr == other.pagenr;
+  return xmpl::kReferenceIdentity(*this) == xmpl::kReferenceIdentity(other);
 }
 
 void xmpl::findUnreadExtRefs(const Metadata& metadata, Unread& unread) {
-  findUnread<XMPlExtRef>({metadata, kReferences.name}, kReferences.kind, readReference,
-                         writeReference, unread);
-  findUnread<XMPlExtRef>({metadata, kOldReferences.name}, kOldReferences.kind, readFileReference,
-                         writeFileReference, unread);
+  findUnread<XMPlExtRef>(metadata, kReferences, kReferenceFields, unread);
+  findUnread<XMPlExtRef>(metadata, kOldReferences, kFileReferenceFields, unread);
 }
 
 bool XMPlib::GetExtRefs(std::vector<XMPlExtRef>& refs) const { return GetExtRefs(refs, false); }
 
 bool XMPlib::GetExtRefs(std::vector<XMPlExtRef>& refs, bool verbatim) const {
   refs.clear();
-  return guarded([&](const Metadata& metadata) {
-    const ArrayReader array(metadata, kReferences.name);
+  return guarded([&](const xmpl::Metadata& metadata) {
+    const xmpl::ArrayReader array(metadata, kReferences.name);
     const bool current = array.item(1).exists("vxExtF:instanceID");
-    const bool found = current ? readItems(array, readReference, refs) : GetOldExtRefs(refs);
+    const bool found = current ? readItems(array, kReferenceFields, refs) : GetOldExtRefs(refs);
     if (!verbatim) refs = ExpandExtRefs(refs);
     return found;
   });
 }
 
 bool XMPlib::GetOldExtRefs(std::vector<XMPlExtRef>& refs) const {
-  refs.clear();
-  return guarded([&](const Metadata& metadata) {
-    return readList(metadata, kOldReferences, xmpl::readFileReference, refs);
-  });
+  return guarded(reading(kOldReferences, xmpl::kFileReferenceFields, refs));
 }
 
 bool XMPlib::SetExtRefs(const std::vector<XMPlExtRef>& refs) { return SetExtRefs(refs, false); }
 
 bool XMPlib::SetExtRefs(const std::vector<XMPlExtRef>& refs, bool verbatim) {
-  return guarded([&](Metadata& metadata) {
+  return guarded([&](xmpl::Metadata& metadata) {
     if (!verbatim) return SetExtRefs(SimplifyExtRefs(refs), true);
-    writeList(metadata, kReferences, writeReference, refs);
+    writeList(metadata, kReferences, kReferenceFields, refs);
     return SetOldExtRefs(refs);
   });
 }
 
 bool XMPlib::SetOldExtRefs(const std::vector<XMPlExtRef>& refs) {
-  return guarded([&](Metadata& metadata) {
-    return writeList(metadata, kOldReferences, xmpl::writeFileReference, refs);
-  });
+  return guarded(writing(kOldReferences, xmpl::kFileReferenceFields, refs));
 }
 
+// Deliberate: without a new reference, the added counts are dropped with the list.
 bool XMPlib::MergeExtRefs(const std::vector<XMPlExtRef>& refs) {
-  return guarded([&](const Metadata&) {
-    std::vector<XMPlExtRef> merged;
-    GetExtRefs(merged, false);
-    // Deliberate: without a new reference, the added counts are dropped with the list.
-    if (xmpl::mergeMissing(merged, refs, xmpl::identity, addCount)) SetExtRefs(merged, false);
-    return true;
-  });
+  return guarded(xmpl::merging(*this, &XMPlib::GetExtRefs, &XMPlib::SetExtRefs, refs,
+                               xmpl::kReferenceIdentity, addCount));
 }

@@ -1,6 +1,4 @@
-// A file reference as the simple lists store it
-//   stRef:instanceID      text
-//   stRef:renditionClass  text
+// A file reference as the simple lists store it, and what makes two of any list the same.
 #pragma once
 
 #include <tuple>
@@ -10,17 +8,13 @@
 
 namespace xmpl {
 
-inline bool readFileReference(const ItemReader& item, XMPlExtRef& ref) {
+inline constexpr auto kFileReferenceFields = [](const auto& item, auto& ref) {
   return item.text("stRef:instanceID", ref.instanceID) &&
          item.text("stRef:renditionClass", ref.renditionClass);
-}
+};
 
-inline void writeFileReference(const ItemWriter& item, const XMPlExtRef& ref) {
-  item.text("stRef:instanceID", ref.instanceID);
-  item.text("stRef:renditionClass", ref.renditionClass);
-}
-
-// The fields that operator== compares.
-inline auto identity(const XMPlExtRef& ref) { return std::tie(ref.instanceID, ref.pagenr); }
+inline constexpr auto kReferenceIdentity = [](const XMPlExtRef& ref) {
+  return std::tie(ref.instanceID, ref.pagenr);
+};
 
 }  // namespace xmpl

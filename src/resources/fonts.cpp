@@ -1,9 +1,4 @@
-// Fonts: vxFontL:fonts, an unordered array of
-//   vxFont:name        text
-//   vxFont:type        text
-//   vxFont:location    text
-//   vxFont:fontfile    text
-//   vxFont:protection  boolean
+// Fonts.
 #include <algorithm>
 #include <set>
 
@@ -13,33 +8,21 @@
 
 namespace {
 
-using xmpl::ItemReader;
-using xmpl::ItemWriter;
-using xmpl::Metadata;
-
 constexpr xmpl::List kFonts{"vxFontL:fonts", xmpl::ArrayKind::unordered};
 
-bool readFont(const ItemReader& item, XMPlFont& font) {
+constexpr auto kFontFields = [](const auto& item, auto& font) {
   return item.text("vxFont:name", font.name) && item.text("vxFont:type", font.type) &&
          item.text("vxFont:location", font.location) &&
          item.text("vxFont:fontfile", font.fontfile) &&
          item.boolean("vxFont:protection", font.protection);
-}
+};
 
-void writeFont(const ItemWriter& item, const XMPlFont& font) {
-  item.text("vxFont:name", font.name);
-  item.text("vxFont:type", font.type);
-  item.text("vxFont:location", font.location);
-  item.text("vxFont:fontfile", font.fontfile);
-  item.boolean("vxFont:protection", font.protection);
-}
-
-// The fields that operator== compares, in the order that operator< gives them weight. Ordered by
+// In the order that operator< gives the fields weight. Ordered by
 // them, fonts stand as operator< has them, and those that it orders both ways stand unprotected
 // first: operator< itself would lead a sort out of bounds.
-auto identity(const XMPlFont& font) {
+constexpr auto kFontIdentity = [](const XMPlFont& font) {
   return std::tie(font.name, font.type, font.location, font.protection, font.fontfile);
-}
+};
 
 bool isEmbedded(const XMPlFont& font) { return font.location == "embedded"; }
 bool hasFileName(const XMPlFont& font) { return font.fontfile.find(';') != std::string::npos; }
@@ -61,8 +44,7 @@ void dropEmbeddedDuplicates(std::vector<XMPlFont>& fonts) {
 }  // namespace
 
 bool XMPlFont::operator==(const XMPlFont& other) const {
-  return name == other.name && type == other.type && location == other.location &&
-         protection == other.protection && fontfile == other.fontfile;
+  return kFontIdentity(*this) == kFontIdentity(other);
 }
 
 bool XMPlFont::operator<(const XMPlFont& other) const {
@@ -75,34 +57,30 @@ bool XMPlFont::operator<(const XMPlFont& other) const {
 }
 
 void xmpl::findUnreadFonts(const Metadata& metadata, Unread& unread) {
-  findUnread<XMPlFont>({metadata, kFonts.name}, kFonts.kind, readFont, writeFont, unread);
+  findUnread<XMPlFont>(metadata, kFonts, kFontFields, unread);
 }
 
 bool XMPlib::GetFonts(std::vector<XMPlFont>& fonts) const { return GetFonts(fonts, true); }
 
 bool XMPlib::GetFonts(std::vector<XMPlFont>& fonts, bool keepDuplicates) const {
   fonts.clear();
-  return guarded([&](const Metadata& metadata) {
-    const bool found = readList(metadata, kFonts, readFont, fonts);
+  return guarded([&](const xmpl::Metadata& metadata) {
+    const bool found = readList(metadata, kFonts, kFontFields, fonts);
     if (!keepDuplicates) dropEmbeddedDuplicates(fonts);
     return found;
   });
 }
 
 bool XMPlib::SetFonts(const std::vector<XMPlFont>& fonts) {
-  return guarded([&](Metadata& metadata) {
+  return guarded([&](xmpl::Metadata& metadata) {
     std::vector<XMPlFont> sorted = fonts;
-    std::sort(sorted.begin(), sorted.end(),
-              [](const XMPlFont& a, const XMPlFont& b) { return identity(a) < identity(b); });
-    return writeList(metadata, kFonts, writeFont, sorted);
+    std::sort(sorted.begin(), sorted.end(), [](const XMPlFont& a, const XMPlFont& b) {
+      return kFontIdentity(a) < kFontIdentity(b);
+    });
+    return writeList(metadata, kFonts, kFontFields, sorted);
   });
 }
 
 bool XMPlib::MergeFonts(const std::vector<XMPlFont>& fonts) {
-  return guarded([&](const Metadata&) {
-    std::vector<XMPlFont> merged;
-    GetFonts(merged, true);
-    if (xmpl::mergeMissing(merged, fonts, identity)) SetFonts(merged);
-    return true;
-  });
+  return guarded(xmpl::merging(*this, &XMPlib::GetFonts, &XMPlib::SetFonts, fonts, kFontIdentity));
 }

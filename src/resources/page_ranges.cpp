@@ -5,14 +5,13 @@
 #include "core/call_guard.h"
 #include "core/unread.h"
 
-namespace {
-
 using xmpl::ArrayKind;
 using xmpl::ArrayReader;
 using xmpl::ArrayWriter;
 using xmpl::ItemReader;
 using xmpl::ItemWriter;
-using xmpl::Metadata;
+
+namespace {
 
 constexpr xmpl::List kPageRanges{"vxPagL:pagelist", ArrayKind::ordered};
 
@@ -36,18 +35,13 @@ void writePageRange(const ItemWriter& item, const XMPlPagRange& range) {
 }  // namespace
 
 void xmpl::findUnreadPageRanges(const Metadata& metadata, Unread& unread) {
-  findUnread<XMPlPagRange>({metadata, kPageRanges.name}, kPageRanges.kind, readPageRange,
-                           writePageRange, unread);
+  findUnread<XMPlPagRange>(metadata, kPageRanges, readPageRange, writePageRange, unread);
 }
 
 bool XMPlib::GetPagRanges(std::vector<XMPlPagRange>& ranges) const {
-  ranges.clear();
-  return guarded([&](const Metadata& metadata) {
-    return readList(metadata, kPageRanges, readPageRange, ranges);
-  });
+  return guarded(reading(kPageRanges, readPageRange, ranges));
 }
 
 bool XMPlib::SetPagRanges(const std::vector<XMPlPagRange>& ranges) {
-  return guarded(
-      [&](Metadata& metadata) { return writeList(metadata, kPageRanges, writePageRange, ranges); });
+  return guarded(writing(kPageRanges, writePageRange, ranges));
 }

@@ -12,6 +12,7 @@
 #include <tuple>
 
 #include "XMPlib.h"
+#include "core/ascii.h"
 #include "core/packet/limits.h"
 
 namespace {
@@ -34,15 +35,13 @@ struct NumberedName {
   }
 };
 
-bool isDigit(char c) { return c >= '0' && c <= '9'; }
-
 std::optional<NumberedName> numberedName(std::string_view name) {
   constexpr std::ptrdiff_t kFewestDigits = 3;
   constexpr std::ptrdiff_t kMostDigits = 9;
   const std::size_t underscore = name.rfind('_');
   if (underscore == std::string_view::npos) return std::nullopt;
   const std::string_view rest = name.substr(underscore + 1);
-  const auto digits = std::find_if_not(rest.begin(), rest.end(), isDigit) - rest.begin();
+  const auto digits = std::find_if_not(rest.begin(), rest.end(), xmpl::isDigit) - rest.begin();
   if (digits < kFewestDigits || digits > kMostDigits) return std::nullopt;
   const auto count = static_cast<std::size_t>(digits);
   const std::string_view extension = rest.substr(count);
@@ -119,13 +118,7 @@ struct Run {
   }
 };
 
-// Without regard to case.
-bool isRun(std::string_view name) {
-  return name.size() >= kRunScheme.size() &&
-         std::equal(kRunScheme.begin(), kRunScheme.end(), name.begin(), [](char lower, char c) {
-           return c == lower || (c >= 'A' && c <= 'Z' && c - 'A' + 'a' == lower);
-         });
-}
+bool isRun(std::string_view name) { return xmpl::startsWithAnyCase(name, kRunScheme); }
 
 // Leading digits, as the C library's atoi reads them: 0 when there are none, and the low 32 bits of
 // a number that has more.

@@ -5,29 +5,30 @@
 //              vxScreen:totalDGCLW, totalDGCCT                             text, optional
 //              vxScreen:gamma                                              text
 //              vxScreen:usedrefs                                           text
-//   rulings    vxScreen:frequencyreq, frequency, anglereq, angle           real
+//   rulings    vxScreen:frequencyreq, frequency                            real
+//   angles     vxScreen:anglereq, angle                                    real
 //   dot        vxScreen:dotshapereq, dotshape                              text
 //              vxScreen:dotname                                            text, optional
-// Rulings and dot make up the screening, which is there as a whole or not at all.
+// Rulings, angles and dot make up the screening, which is there as a whole or not at all.
 #pragma once
-
-#include <string>
 
 #include "core/items.h"
 #include "xmpl/screening.h"
 
 namespace xmpl {
 
+inline constexpr auto kRulingsAndAngles = [](const auto& item, auto& screen) {
+  return item.real("vxScreen:frequencyreq", screen.frequencyreq) &&
+         item.real("vxScreen:frequency", screen.frequency) &&
+         item.real("vxScreen:anglereq", screen.anglereq) &&
+         item.real("vxScreen:angle", screen.angle);
+};
+
 // Whether the item is a whole screen, with or without screening.
 bool readScreen(const ItemReader& item, XMPlScreen& screen);
 
 void writeScreen(const ItemWriter& item, const XMPlScreen& screen);
 void writeScreenCurves(const ItemWriter& item, const XMPlScreen& screen);
-void writeScreenRulings(const ItemWriter& item, const XMPlScreen& screen);
-
-// The dot name as it is stored: the dot shape where there is none.
-inline const std::string& dotNameOf(const XMPlScreen& screen) {
-  return screen.dotname.empty() ? screen.dotshape : screen.dotname;
-}
+void writeScreenDot(const ItemWriter& item, const XMPlScreen& screen);  // its shape for a name
 
 }  // namespace xmpl

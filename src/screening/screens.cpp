@@ -5,12 +5,12 @@
 #include "core/unread.h"
 #include "screening/screen_item.h"
 
-namespace {
-
 using xmpl::ArrayKind;
 using xmpl::ArrayReader;
 using xmpl::ArrayWriter;
 using xmpl::Metadata;
+
+namespace {
 
 constexpr xmpl::List kContainer{"vxScreenC:screenContainer", ArrayKind::ordered};
 constexpr xmpl::PropertyName kOlderScreens = "vxScreenL:screens";

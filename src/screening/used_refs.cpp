@@ -5,11 +5,10 @@
 #include "core/call_guard.h"
 #include "core/unread.h"
 
-namespace {
-
 using xmpl::ItemReader;
 using xmpl::ItemWriter;
-using xmpl::Metadata;
+
+namespace {
 
 constexpr xmpl::List kUsedRefs{"vxUsedFL:files", xmpl::ArrayKind::ordered};
 
@@ -41,17 +40,13 @@ bool XMPlUsedRef::operator<(const XMPlUsedRef& other) const {
 }
 
 void xmpl::findUnreadUsedRefs(const Metadata& metadata, Unread& unread) {
-  findUnread<XMPlUsedRef>({metadata, kUsedRefs.name}, kUsedRefs.kind, readUsedRef, writeUsedRef,
-                          unread);
+  findUnread<XMPlUsedRef>(metadata, kUsedRefs, readUsedRef, writeUsedRef, unread);
 }
 
 bool XMPlib::GetUsedRefs(std::vector<XMPlUsedRef>& refs) const {
-  refs.clear();
-  return guarded(
-      [&](const Metadata& metadata) { return readList(metadata, kUsedRefs, readUsedRef, refs); });
+  return guarded(reading(kUsedRefs, readUsedRef, refs));
 }
 
 bool XMPlib::SetUsedRefs(const std::vector<XMPlUsedRef>& refs) {
-  return guarded(
-      [&](Metadata& metadata) { return writeList(metadata, kUsedRefs, writeUsedRef, refs); });
+  return guarded(writing(kUsedRefs, writeUsedRef, refs));
 }

@@ -3,10 +3,10 @@
 
 #include "core/call_guard.h"
 
-namespace {
-
 using xmpl::Metadata;
 using xmpl::Unread;
+
+namespace {
 
 constexpr xmpl::FindUnread* kInks = xmpl::findUnreadInks;
 constexpr xmpl::FindUnread* kFilmInks = xmpl::findUnreadFilmInks;

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "core/ascii.h"
 #include "core/namespaces.h"
 #include "core/toolkit/nodes.h"
 
@@ -50,9 +51,7 @@ bool hasAliases(const std::string& registered) {
 // Behind a colon, the parser alone takes what may stand anywhere in a name; as it parses for the
 // toolkit, only what may begin one. Of other letters than ASCII's nothing is said here.
 bool beginsName(std::string_view local) {
-  if (local.empty()) return false;
-  const char c = local.front();
-  return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || c == '_';
+  return !local.empty() && (isLetter(local.front()) || local.front() == '_');
 }
 
 std::size_t hashOf(std::string_view text) {

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cstring>
 
+#include "core/ascii.h"
 #include "core/packet/blocks.h"
 #include "core/packet/packet_guard.h"
 #include "core/packet/xml_parser.h"
@@ -104,12 +105,6 @@ std::string repairedByToolkit(std::string_view text) {
   return repaired;
 }
 
-bool isUtf8(const std::string& encoding) {
-  constexpr std::string_view kName = "utf-8";
-  return std::equal(encoding.begin(), encoding.end(), kName.begin(), kName.end(),
-                    [](char a, char b) { return (a >= 'A' && a <= 'Z' ? a - 'A' + 'a' : a) == b; });
-}
-
 bool mayDeclare(std::string_view text) {
   constexpr std::string_view kMark = "\xEF\xBB\xBF";
   if (text.starts_with(kMark)) text.remove_prefix(kMark.size());
@@ -122,7 +117,7 @@ PacketText::PacketText(std::string_view packet) : text_(packet) {
   if (mayDeclare(packet)) {
     const DeclaredEncoding encoding = declaredEncoding(packet);
     if (!encoding.isKnown) throw PacketRefused("the encoding " + encoding.name + " is not known");
-    isAsDeclared_ = !encoding.name.empty() && !isUtf8(encoding.name);
+    isAsDeclared_ = !encoding.name.empty() && !equalsAnyCase(encoding.name, "utf-8");
   }
   if (isAsDeclared_ || !isEightBit(packet) || !needsRepair(packet)) return;
   repaired_ = repairedByToolkit(packet);
