@@ -1,6 +1,5 @@
 // Packets, changed by every operation that there is: whatever becomes of them can be saved and
 // loaded. The first section of an input are operations, the others packets.
-#include "kinds.h"
 #include "trips.h"
 
 namespace {

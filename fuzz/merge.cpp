@@ -1,5 +1,4 @@
 // Packets, merged. "====" on a line of its own stands between them; the first byte holds the flags.
-#include "kinds.h"
 #include "packets.h"
 
 namespace {

@@ -1,5 +1,4 @@
 // Packet text, loaded, read, rewritten and saved.
-#include "kinds.h"
 #include "packets.h"
 #include "support/read_counts.h"
 

@@ -1,6 +1,5 @@
 // Records, written, read back, and read again from the saved packet. The first byte picks the kind.
 #include "core/value_text.h"
-#include "kinds.h"
 #include "packets.h"
 
 namespace {

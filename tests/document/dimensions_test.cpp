@@ -34,14 +34,21 @@ TEST(PageDimensions, AreWrittenWhole) {
 
 TEST(PageDimensions, ReadingStopsAtTheFirstGap) {
   const std::pair<const char*, const char*> rows[] = {
-      {"units=in", "-11111111-"},         {"vsize", "----------"},   {"hsize", "-1--------"},
-      {"margbot", "-11-------"},          {"margtop", "-11-1-----"}, {"margleft", "-1111-----"},
-      {"margright", "-11111----"},        {"vshrink", "-111111---"}, {"hshrink", "-1111111--"},
-      {"readerspread=True", "111111111-"}};
+      {"vsize", ""},
+      {"hsize", "vsize"},
+      {"margbot", "vsize hsize"},
+      {"margtop", "vsize hsize margbot"},
+      {"margleft", "vsize hsize margtop margbot"},
+      {"margright", "vsize hsize margtop margbot margleft"},
+      {"vshrink", "vsize hsize margtop margbot margleft margright"},
+      {"hshrink", "vsize hsize margtop margbot margleft margright vshrink"},
+      {"units=in", "vsize hsize margtop margbot margleft margright vshrink hshrink"},
+      {"readerspread=True",
+       "units vsize hsize margtop margbot margleft margright vshrink hshrink"}};
   for (const auto& [missing, filled] : rows) {
     XMPlDimDat page;
     EXPECT_FALSE(with(swapped(kPage, missing)).GetDimDat(page));
-    EXPECT_EQ(changesIn(page), filled) << missing;
+    EXPECT_EQ(changedFields(page), filled) << missing;
   }
 }
 
@@ -70,21 +77,26 @@ TEST(FilmDimensions, AreWrittenInGroups) {
 
 TEST(FilmDimensions, FlagsTellWhichGroupsWereFound) {
   const std::pair<const char*, const char*> rows[] = {
-      {"", "11111111111111111"},
-      {"margleft=13", "111111111111-----"},
-      {"scanlinedirection=10", "11111-11111------"},
-      {"hdist=7", "11111-1---11-----"},
-      {"hsize=3", "11---------------"},
+      {"",
+       "units vsize hsize vresolution hresolution basicOnly vdist hdist vscale hscale reverse "
+       "scanlinedirection hasMargins margtop margbot margleft margright"},
+      {"margleft=13",
+       "units vsize hsize vresolution hresolution basicOnly vdist hdist vscale hscale reverse "
+       "scanlinedirection"},
+      {"scanlinedirection=10",
+       "units vsize hsize vresolution hresolution vdist hdist vscale hscale reverse"},
+      {"hdist=7", "units vsize hsize vresolution hresolution vdist reverse scanlinedirection"},
+      {"hsize=3", "units vsize"},
   };
   for (const auto& [missing, filled] : rows) {
     XMPlDimDatDigFilm film;
     film.margtop = film.margright = 99;
     film.hasMargins = true;
     film.basicOnly = false;
-    const bool isBasicThere = filled[4] == '1';
+    const bool isBasicThere = missing != std::string("hsize=3");
     EXPECT_EQ(with(*missing == '\0' ? kFilm : swapped(kFilm, missing)).GetDimDatDigFilm(film),
               isBasicThere);
-    EXPECT_EQ(changesIn(film), filled) << missing;
+    EXPECT_EQ(changedFields(film), filled) << missing;
   }
   XMPlDimDatDigFilm film;
   EXPECT_TRUE(with(kFilm).GetDimDatDigFilm(film));

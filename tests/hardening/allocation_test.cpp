@@ -9,8 +9,8 @@
 
 #include "core/registry.h"
 #include "core/toolkit/client.h"
-#include "kinds.h"
 #include "support/failing_memory.h"
+#include "support/kinds.h"
 
 // The toolkit loses a node whose parent cannot grow to hold it, and the expat parser of an adapter
 // that cannot be made. None of this library's own allocations is among these.

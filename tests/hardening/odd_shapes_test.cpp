@@ -2,7 +2,8 @@
 // and reads the same.
 #include <gtest/gtest.h>
 
-#include "kinds.h"
+#include "core/toolkit/client.h"
+#include "support/kinds.h"
 #include "support/odd_trees.h"
 
 namespace {

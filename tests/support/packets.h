@@ -35,15 +35,17 @@ struct Empty : XMPlib {
   Empty() { RemoveXAP(); }
 };
 
-// For each name, how many of three items are read when the second lacks that field.
+// The fields that an item may lack. Any other ends the list before the item, or is marked.
 template <class Wrap, class Read>
-std::string readWithout(const char* prefix, const std::string& names, const Wrap& wrap,
-                        const Read& read) {
+std::string optionalFields(const char* prefix, const std::string& names, const Wrap& wrap,
+                           const Read& read) {
   std::istringstream words(names);
-  std::string counts, name;
+  std::string optional, name;
   for (const std::string whole = elements(prefix, names); words >> name;) {
     const Loaded xmp(wrap(Items{whole, elements(prefix, swapped(names, name)), whole}));
-    counts += std::to_string(read(xmp).size());
+    const std::size_t count = read(xmp).size();
+    if (count == 1) continue;
+    optional += (optional.empty() ? "" : " ") + name + (count == 3 ? "" : " (?)");
   }
-  return counts;
+  return optional;
 }

@@ -3,35 +3,28 @@
 
 #include <cmath>
 #include <functional>
+#include <regex>
 #include <tuple>
 
 #include "support/packets.h"
 
-// Every field, also those that operator== leaves out.
-inline auto fieldsOf(XMPlInkBasic& r) {
-  return std::tie(r.name, r.type, r.book, r.vxname, r.r, r.g, r.b, r.attribute, r.printingmethod);
-}
-inline auto fieldsOf(XMPlInk& r) {
-  auto ink = std::tie(r.frequency, r.angle, r.dotshape, r.coverageValid, r.pct, r.mm2);
-  return std::tuple_cat(fieldsOf(static_cast<XMPlInkBasic&>(r)), ink);
-}
-inline auto fieldsOf(XMPlInkDigFilm& r) {
-  auto film = std::tie(r.opacity, r.inknrsoriginal);
-  return std::tuple_cat(fieldsOf(static_cast<XMPlInkBasic&>(r)), film);
-}
-inline auto fieldsOf(XMPlInkProperty& r) {
-  return std::tie(r.name, r.book, r.type, r.printingmethod);
-}
-inline auto fieldsOf(XMPlDgcc& r) { return std::tie(r.name, r.values); }
-inline auto fieldsOf(XMPlUsedRef& r) { return std::tie(r.instanceID, r.renditionClass, r.pagenr); }
-inline auto fieldsOf(XMPlScreen& r) {
-  return std::tie(r.singlepressDGC, r.autoplateDGCreq, r.autoplateDGCLW, r.autoplateDGCCT,
-                  r.autopressDGCreq, r.autopressDGCLW, r.autopressDGCCT, r.totalDGCCT, r.totalDGCLW,
-                  r.gamma, r.usedrefs, r.hasScreening, r.frequencyreq, r.frequency, r.anglereq,
-                  r.angle, r.dotshapereq, r.dotshape, r.dotname);
-}
-#define FIELDS_OF(Record, ...) \
-  inline auto fieldsOf(Record& r) { return std::tie(__VA_ARGS__); }
+// Every field of a record, also those that operator== leaves out; and their names.
+#define FIELDS_OF(Record, ...)                                      \
+  inline auto fieldsOf(Record& r) { return std::tie(__VA_ARGS__); } \
+  inline std::string fieldNamesOf(const Record&) { return #__VA_ARGS__; }
+FIELDS_OF(XMPlInkBasic, r.name, r.type, r.book, r.vxname, r.r, r.g, r.b, r.attribute,
+          r.printingmethod)
+FIELDS_OF(XMPlInk, r.name, r.type, r.book, r.vxname, r.r, r.g, r.b, r.attribute, r.printingmethod,
+          r.frequency, r.angle, r.dotshape, r.coverageValid, r.pct, r.mm2)
+FIELDS_OF(XMPlInkDigFilm, r.name, r.type, r.book, r.vxname, r.r, r.g, r.b, r.attribute,
+          r.printingmethod, r.opacity, r.inknrsoriginal)
+FIELDS_OF(XMPlInkProperty, r.name, r.book, r.type, r.printingmethod)
+FIELDS_OF(XMPlDgcc, r.name, r.values)
+FIELDS_OF(XMPlUsedRef, r.instanceID, r.renditionClass, r.pagenr)
+FIELDS_OF(XMPlScreen, r.singlepressDGC, r.autoplateDGCreq, r.autoplateDGCLW, r.autoplateDGCCT,
+          r.autopressDGCreq, r.autopressDGCLW, r.autopressDGCCT, r.totalDGCCT, r.totalDGCLW,
+          r.gamma, r.usedrefs, r.hasScreening, r.frequencyreq, r.frequency, r.anglereq, r.angle,
+          r.dotshapereq, r.dotshape, r.dotname)
 FIELDS_OF(XMPlJobData, r.name, r.id, r.url, r.description, r.orderid, r.suborderid)
 FIELDS_OF(XMPlProdData, r.id, r.prodname, r.prodid, r.proddescription, r.partid, r.prodpartname,
           r.prodpartid)
@@ -62,31 +55,51 @@ FIELDS_OF(XMPlCadReg, r.instanceID, r.renditionClass, r.stationname, r.orientati
 FIELDS_OF(XMPlMetaDataDigFilm, r.dimdata, r.ink, r.screens, r.uRefs)
 #undef FIELDS_OF
 
-// For each field, whether a default record equals one that differs in that field alone.
+// Visits every single value in a value, a record or a list; calls `enter` for a list before.
+template <class Value, class Enter, class Visit>
+void visitFields(Value& value, const Enter& enter, const Visit& visit) {
+  if constexpr (requires { fieldsOf(value); }) {
+    std::apply([&](auto&... field) { (visitFields(field, enter, visit), ...); }, fieldsOf(value));
+  } else if constexpr (requires { value.emplace_back(); }) {
+    enter(value);
+    for (auto& item : value) visitFields(item, enter, visit);
+  } else {
+    visit(value);
+  }
+}
+
+// The names of a record's fields for which `choose(its field, that of the other)` is true.
+template <class Record, class Choose>
+std::string fieldsWhere(Record& record, Record& other, const Choose& choose) {
+  std::istringstream names(std::regex_replace(fieldNamesOf(record), std::regex("\\br\\.|,"), ""));
+  std::string chosen, name;
+  const auto visit = [&](auto& field, auto& its) {
+    names >> name;
+    if (choose(field, its)) chosen += (chosen.empty() ? "" : " ") + name;
+  };
+  const auto both = [&](auto&... field) { return [&](auto&... its) { (visit(field, its), ...); }; };
+  std::apply(std::apply(both, fieldsOf(record)), fieldsOf(other));
+  return chosen;
+}
+
+// The fields in which records may differ and still be equal.
 template <class Record, class Equal = std::equal_to<>>
-std::string equalButForOne(const Equal& equal = {}) {
-  std::string result;
+std::string ignoredFields(const Equal& equal = {}) {
   Record a, b;
-  const auto compare = [&]<class Value>(Value& field) {
+  return fieldsWhere(b, a, [&]<class Value>(Value& field, Value& original) {
     if constexpr (std::is_same_v<Value, std::string>) field += "x";
     if constexpr (std::is_same_v<Value, double>) field = std::nextafter(field, 2);
     if constexpr (std::is_same_v<Value, bool>) field = !field;
     if constexpr (std::is_same_v<Value, std::int32_t>) ++field;
-    result += equal(a, b) ? '=' : '!';
-    fieldsOf(b) = fieldsOf(a);
-  };
-  std::apply([&](auto&... field) { (compare(field), ...); }, fieldsOf(b));
-  return result;
+    const bool isEqual = equal(a, b);
+    field = original;
+    return isEqual;
+  });
 }
 
-// For each field, whether it differs from the default.
+// The fields that are not as a new record has them.
 template <class Record>
-std::string changesIn(Record record) {
-  std::string result;
+std::string changedFields(Record record) {
   Record none;
-  const auto compare = [&](auto&... field) {
-    return [&](auto&... other) { ((result += field == other ? '-' : '1'), ...); };
-  };
-  std::apply(std::apply(compare, fieldsOf(record)), fieldsOf(none));
-  return result;
+  return fieldsWhere(record, none, [](auto& field, auto& its) { return field != its; });
 }

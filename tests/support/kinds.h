@@ -1,7 +1,20 @@
 // Every kind of record with its Get and Set.
 #pragma once
 
-#include "target.h"
+#include <optional>
+
+#include "support/records.h"
+#include "support/runs.h"
+
+// Nothing when the call throws an Error, as it may. Other exceptions end the process.
+template <class Error, class Call>
+auto attempt(const Call& call) -> std::optional<decltype(call())> {
+  try {
+    return call();
+  } catch (const Error&) {
+    return {};
+  }
+}
 
 template <class Value>
 struct Kind {
@@ -74,20 +87,4 @@ void forEachKind(const Visit& visit) {
       Kind<XMPlDimDatDigFilm>{passing<XMP_Error>(&X::GetDimDatDigFilm),
                               passing<XMP_Error>(&X::SetDimDatDigFilm)},
       Kind<XMPlCadReg>{&X::GetCadReg, [](X& xmp, XMPlCadReg reg) { return xmp.SetCadReg(reg); }});
-}
-
-inline bool succeeds(const XMPlib& xmp, bool result) {
-  expect(!result || xmp.ErrStr().empty(), "an operation that met an error fails");
-  return result;
-}
-
-// Reads every record, then writes each that was found.
-inline void rewrite(XMPlib& xmp) {
-  std::vector<std::function<void()>> writes;
-  forEachKind([&]<class Value>(const Kind<Value>& kind) {
-    Value value{};
-    if (!succeeds(xmp, kind.get(xmp, value))) return;
-    writes.push_back([&xmp, kind, value] { succeeds(xmp, kind.set(xmp, value)); });
-  });
-  for (const auto& write : writes) write();
 }
