@@ -51,14 +51,16 @@ class Changes {
     return uri;
   }
 
+  template <class Value>
+  void runList(Fields& input, bool (XMPlib::*operation)(const Value&)) {
+    runWith<Value>(input, [&](const Value& value) { (xmp_.*operation)(value); });
+  }
+
   void set(char name, Fields& input) {
-    const auto with = [&]<class Value>(bool (XMPlib::*operation)(const Value&)) {
-      runWith<Value>(input, [&](const Value& value) { (xmp_.*operation)(value); });
-    };
-    if (name == '0') with(&XMPlib::SetPDFData);
-    if (name == '1') with(&XMPlib::SetMMData);
-    if (name == '2') with(&XMPlib::SetUsedDigitalJobRefs);
-    if (name == 'a') with(&XMPlib::SetMetaDataDigFilms);
+    if (name == '0') runList(input, &XMPlib::SetPDFData);
+    if (name == '1') runList(input, &XMPlib::SetMMData);
+    if (name == '2') runList(input, &XMPlib::SetUsedDigitalJobRefs);
+    if (name == 'a') runList(input, &XMPlib::SetMetaDataDigFilms);
     if (name == '3') {
       const std::string uri = uriOf(input.next()), path = input.next();
       run([&] { xmp_.SetProperty_Float(uri.c_str(), path.c_str(), 0.5); });
@@ -66,14 +68,11 @@ class Changes {
   }
 
   void merge(char name, Fields& input) {
-    const auto with = [&]<class Value>(bool (XMPlib::*operation)(const Value&)) {
-      runWith<Value>(input, [&](const Value& value) { (xmp_.*operation)(value); });
-    };
-    if (name == '4') with(&XMPlib::MergeExtRefs);
-    if (name == '5') with(&XMPlib::MergeCadFiles);
-    if (name == '6') with(&XMPlib::MergeFonts);
-    if (name == '7') with(&XMPlib::MergeBarcodes);
-    if (name == '8') with(&XMPlib::MergeLayers);
+    if (name == '4') runList(input, &XMPlib::MergeExtRefs);
+    if (name == '5') runList(input, &XMPlib::MergeCadFiles);
+    if (name == '6') runList(input, &XMPlib::MergeFonts);
+    if (name == '7') runList(input, &XMPlib::MergeBarcodes);
+    if (name == '8') runList(input, &XMPlib::MergeLayers);
     if (name == '9') run([&] { xmp_.MergeNonOrvo(&other_); });
     if (name == '+') run([&] { xmp_.MergeXML(packets_.back(), true); });
     if (name == '-') run([&] { other_.MergeNonOrvo(&xmp_); });

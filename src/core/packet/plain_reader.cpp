@@ -1,10 +1,10 @@
 #include "core/packet/plain_reader.h"
 
 #include <algorithm>
-#include <memory>
 #include <utility>
 
 #include "core/packet/names_in_scope.h"
+#include "core/packet/new_nodes.h"
 #include "core/packet/settle.h"
 #include "core/packet/xml_parser.h"
 #include "core/toolkit/nodes.h"
@@ -162,7 +162,7 @@ class PlainReader final : public XmlEvents {
     const Open& parent = open_.back();
     const bool isItem = parent.place == Place::items;
     if (name.term != (isItem ? Term::item : Term::property)) throw NotPlain();
-    XMP_Node& node = isItem ? append(*parent.node, kXMP_ArrayItemName)
+    XMP_Node& node = isItem ? appendNode(*parent.node, kXMP_ArrayItemName)
                             : addNamed(*parent.node, parent.number, name);
     attributes_.empty() ? push(Place::value, node) : enterWithAttributes(node);
   }
@@ -235,7 +235,7 @@ class PlainReader final : public XmlEvents {
     XMP_Node& holder = number == kTop ? schemaOf(name) : parent;
     requirePlain(!hasField(holder, number, name));
     name.lastIn = number;
-    XMP_Node& node = append(holder, name.stored);
+    XMP_Node& node = appendNode(holder, name.stored);
     const bool isTop = number == kTop;
     if (isTop && name.prefix->hasAliases && sRegisteredAliasMap->contains(name.stored)) {
       node.options |= kXMP_PropIsAlias;
@@ -254,26 +254,11 @@ class PlainReader final : public XmlEvents {
   XMP_Node& schemaOf(const ScopedName& name) {
     ScopedPrefix& prefix = *name.prefix;
     if (prefix.schema == nullptr) {
-      prefix.schema = &append(tree_, prefix.uri);
+      prefix.schema = &appendNode(tree_, prefix.uri);
       prefix.schema->options = kXMP_SchemaNode;
       prefix.schema->value = prefix.registered;
     }
     return *prefix.schema;
-  }
-
-  static XMP_Node& append(XMP_Node& parent, const std::string& name) {
-    auto node = std::make_unique<XMP_Node>(&parent, name, XMP_OptionBits{0});
-    parent.children.push_back(node.get());
-    return *node.release();
-  }
-
-  static void addLanguage(XMP_Node& node, const char* value) {
-    auto language =
-        std::make_unique<XMP_Node>(&node, "xml:lang", value, XMP_OptionBits{kXMP_PropIsQualifier});
-    NormalizeLangValue(&language->value);
-    node.qualifiers.push_back(language.get());
-    static_cast<void>(language.release());
-    node.options |= kXMP_PropHasQualifiers | kXMP_PropHasLang;
   }
 
   static void requirePlain(bool isPlain) {

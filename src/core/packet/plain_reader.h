@@ -1,7 +1,7 @@
 // Reads plain packets from the XML parser's events straight into nodes: descriptions, simple
 // values, structures, arrays, language alternatives, URIs, properties as attributes. Nearly every
-// packet is one. What is not certainly plain, malformed text and what the guard refuses included, is
-// left to the toolkit's own reading, so that its results and errors stay its own.
+// packet is one. What is not certainly plain, malformed text and what the guard refuses included,
+// is left to the toolkit's own reading, so that its results and errors stay its own.
 #pragma once
 
 #include <string_view>
