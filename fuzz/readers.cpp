@@ -46,7 +46,9 @@ bool loads(const std::string& text) {
 }
 
 // Whether a URI or rdf:about has what the toolkit writes as it is.
-bool hasMarks(const std::string& text) { return text.find_first_of("<>&\"\t\n\r") != text.npos; }
+bool hasMarks(const std::string& text) {
+  return text.find_first_of("<>&\"\t\n\r\x7F") != text.npos;
+}
 
 bool hasMarksIn(const XMP_Node& node) {
   const auto any = [](const XMP_NodeOffspring& nodes) {
@@ -55,7 +57,8 @@ bool hasMarksIn(const XMP_Node& node) {
   std::string uri;
   const std::string prefix = node.name.substr(0, node.name.find(':'));
   if (prefix != node.name) Metadata::GetNamespaceURI(prefix.c_str(), &uri);
-  return hasMarks(uri) || any(node.children) || any(node.qualifiers);
+  const bool hasDelete = node.value.find('\x7F') != node.value.npos;  // written as it is, too
+  return hasMarks(uri) || hasDelete || any(node.children) || any(node.qualifiers);
 }
 
 void checkWriter(const Metadata& metadata) {

@@ -18,13 +18,15 @@ std::string shortened(const std::string& prefix, std::size_t bytes) {
   return prefix.substr(0, end);
 }
 
-// The next of prefix_1_, prefix_2_ ...: what others have is not tried again.
+// The next of prefix_1_, prefix_2_ ...: what others have is not tried again. Long prefixes with the
+// same begin share their numbers.
 std::string nextVariant(const std::string& prefix) {
+  constexpr std::size_t kLongestSuffix = 12;
   static std::mutex mutex;
   static std::map<std::string, int>& lastOf = *new std::map<std::string, int>;
+  const std::string begin = shortened(prefix, limits::kPrefixBytes - kLongestSuffix);
   const std::lock_guard<std::mutex> lock(mutex);
-  const std::string suffix = '_' + std::to_string(++lastOf[prefix]) + '_';
-  return shortened(prefix, limits::kPrefixBytes - suffix.size()) + suffix;
+  return begin + '_' + std::to_string(++lastOf[begin]) + '_';
 }
 
 std::unordered_map<std::string_view, const Namespace*> namespacesByUri() {

@@ -1,4 +1,5 @@
-// The top-level properties that the library writes, by their full names.
+// What the library writes beside what others write: top-level properties, and fields of the
+// structures job reference and base document, which may be others'. By their full names.
 #pragma once
 
 #include <algorithm>
@@ -15,6 +16,11 @@ inline constexpr std::string_view kOwnProperties[] = {
     "pdf:Producer",
     "pdf:Trapped",
     "pdfxid:GTS_PDFXVersion",
+    "stLoc:id",
+    "stLoc:name",
+    "stLoc:url",
+    "stRef:instanceID",
+    "stRef:renditionClass",
     "stVer:comments",
     "stVer:modifier",
     "stVer:modifyDate",

@@ -22,6 +22,13 @@ bool isPlainName(std::string_view name) {
          });
 }
 
+// A path has one more step at each, at most.
+bool isTooDeep(const char* path) {
+  const std::string_view steps = path == nullptr ? "" : path;
+  const auto count = std::count(steps.begin(), steps.end(), '/');
+  return static_cast<std::size_t>(count) > xmpl::limits::kElementDepth;
+}
+
 // Whether setting the property cannot make the metadata unfit to be saved. A name that is no XML
 // name the toolkit refuses itself, but for characters outside ASCII. Names of RDF and XML may say
 // how a packet is written.
@@ -30,13 +37,17 @@ bool isHarmless(const Metadata& metadata, const char* schema, const char* name) 
   const std::string_view uri(schema);
   if (uri == kXMP_NS_RDF || uri == kXMP_NS_XML) return false;
   const std::size_t properties = xmpl::propertyCount(metadata, schema);
-  return isPlainName(name) && properties > 0 && properties < xmpl::limits::kNamedChildren;
+  return isPlainName(name) && properties > 0 && properties < xmpl::limits::kNamedChildren &&
+         !xmpl::isAlias(schema, name);
 }
 
 }  // namespace
 
 void XMPlib::SetProperty_Float(const char* schemaNS, const char* propName, double value) {
   if (meta == nullptr) return;
+  if (isTooDeep(propName)) {
+    throw XMP_Error(kXMPErr_BadXPath, "Packet not written: more than 128 levels of elements");
+  }
   const std::string text = xmpl::realText(value);
   if (isHarmless(*meta, schemaNS, propName)) {
     meta->SetProperty(schemaNS, propName, text);

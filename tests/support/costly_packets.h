@@ -1,6 +1,7 @@
 // Packets that cost more than their size would make one think.
 #pragma once
 
+#include <algorithm>
 #include <cstddef>
 #include <string>
 #include <vector>
@@ -63,6 +64,26 @@ inline std::vector<CostlyPacket> costlyPackets(std::size_t bytes) {
       return "<atk:f" + i + " " + next + "=''/>";
     });
   };
+  // Short names, all different; and so many prefixes, each for two namespaces, that differ at their
+  // ends.
+  const auto item = [](std::size_t first) {
+    std::string attributes;
+    for (std::size_t i = first; i < first + 1000; ++i) {
+      std::string name = "aaaa";
+      for (std::size_t rest = i, at = 0; at < 4; ++at, rest /= 26)
+        name[at] = static_cast<char>('a' + rest % 26);
+      attributes += " atk:" + name + "=''";
+    }
+    return "<rdf:li" + attributes + "/>";
+  };
+  const std::string names =
+      numbered(bytes / 12000, [&](const std::string& i) { return item(1000 * std::stoul(i)); });
+  const std::string prefixes =
+      numbered(std::min(bytes / 250, std::size_t{500}), [](const std::string& i) {
+        const std::string prefix = std::string(60, 'q') + i;
+        const std::string begin = "<rdf:li xmlns:" + prefix + "='u:" + i;
+        return begin + "a'/>" + begin + "b'/>";
+      });
   const std::string most = fields(2000), value = "<rdf:value>v</rdf:value>";
   const std::string odd = "<atk:odd rdf:ID='i'/>";  // only the toolkit's reader takes it
   return {
@@ -72,6 +93,10 @@ inline std::vector<CostlyPacket> costlyPackets(std::size_t bytes) {
       {"qualifiers", described(bagOf(repeated(structure(value + most), bytes)))},
       {"qualifiers_not_plain", described(odd + bagOf(repeated(structure(value + most), bytes)))},
       {"too_many_properties", described(odd + fields(bytes / 10))},
+      {"distinct_names", described(bagOf(names))},
+      {"distinct_names_not_plain", described(odd + bagOf(names))},
+      {"alike_prefixes", described(bagOf(prefixes))},
+      {"values", described(structure(repeated("<rdf:value/>", bytes)))},
       {"line_ends", described(odd + "<atk:p>" + std::string(bytes, '\n') + "</atk:p>")},
       {"controls", described("<atk:p atk:q='" + std::string(bytes, '\x01') + "'/>")},
       {"references", described("<atk:p>" + repeated("&amp;", bytes) + "</atk:p>")},

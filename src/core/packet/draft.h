@@ -16,7 +16,8 @@ class Draft {
 
   // Throws XMP_Error, and leaves the original as it was, when the copy could not be saved.
   void commit();
-  // As above, also when what was saved could not be loaded: for names that nobody has judged.
+  // As above, also when what was saved could not be loaded, or would not be loaded as it is: for
+  // names that nobody has judged.
   void commitIfLoadable();
 
  private:

@@ -24,4 +24,7 @@ inline constexpr std::size_t kNamespaces = 1024;
 // paths search them from the first. The library's own properties do not count.
 inline constexpr std::size_t kNamedChildren = 2048;
 
+// rdf:value of one property: one is meant. Each goes before what is there already.
+inline constexpr std::size_t kValues = 16;
+
 }  // namespace xmpl::limits

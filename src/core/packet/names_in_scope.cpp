@@ -1,6 +1,7 @@
 #include "core/packet/names_in_scope.h"
 
 #include <algorithm>
+#include <functional>
 
 #include "core/ascii.h"
 #include "core/namespaces.h"
@@ -12,6 +13,9 @@ namespace {
 using Term = ScopedName::Term;
 
 constexpr std::string_view kDeclaration = "xmlns:";
+// In the table of names, of which half is free. Only names that are made to collide need more; the
+// toolkit's way sorts them.
+constexpr std::size_t kMostLookedAt = 64;
 constexpr std::string_view kDublinCoreOfOldFlash =
     "http://purl.org/dc/1.1/";  // the toolkit mends it
 
@@ -54,11 +58,7 @@ bool beginsName(std::string_view local) {
   return !local.empty() && (isLetter(local.front()) || local.front() == '_');
 }
 
-std::size_t hashOf(std::string_view text) {
-  std::size_t hash = text.size();
-  for (const char c : text) hash = hash * 31 + static_cast<unsigned char>(c);
-  return hash ^ hash >> 15;
-}
+std::size_t hashOf(std::string_view text) { return std::hash<std::string_view>()(text); }
 
 }  // namespace
 
@@ -75,7 +75,8 @@ ScopedName& NamesInScope::find(const char* raw) {
   const std::string_view text(raw);
   const std::size_t mask = slots_.size() - 1;
   std::size_t slot = hashOf(text) & mask;
-  for (; slots_[slot] != nullptr; slot = (slot + 1) & mask) {
+  for (std::size_t looked = 0; slots_[slot] != nullptr; slot = (slot + 1) & mask) {
+    if (++looked > kMostLookedAt) throw NotPlain();
     if (slots_[slot]->raw != text) continue;
     ScopedName& name = *slots_[slot];
     if (name.prefix->declarations == 0 && name.term != Term::declaration) throw NotPlain();

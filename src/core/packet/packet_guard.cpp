@@ -18,8 +18,9 @@ Role rdfRole(std::string_view local) {
   if (local == "Bag" || local == "Seq" || local == "Alt") return Role::array;
   if (local == "Description") return Role::description;
   if (local == "RDF") return Role::rdf;
-  constexpr std::string_view kSyntax[] = {"about",  "parseType", "resource", "ID",
-                                          "nodeID", "datatype",  "value"};
+  if (local == "value") return Role::value;
+  constexpr std::string_view kSyntax[] = {"about", "parseType", "resource",
+                                          "ID",    "nodeID",    "datatype"};
   if (std::find(std::begin(kSyntax), std::end(kSyntax), local) != std::end(kSyntax)) {
     return Role::syntax;
   }
@@ -32,6 +33,8 @@ void checkLength(const GuardedName& name) {
   if (name.localBytes > limits::kLocalNameBytes)
     throw PacketRefused("a name of more than 256 bytes");
 }
+
+[[noreturn]] void refuseValues() { throw PacketRefused("more than 16 rdf:value of one property"); }
 
 [[noreturn]] void refuseCount() {
   throw PacketRefused("more than 2,048 properties of one namespace, or fields of one structure");
@@ -47,7 +50,9 @@ GuardedSchema guardedSchema(std::string_view uri) {
 GuardedName guardedName(std::string_view uri, std::string_view local, GuardedSchema& schema) {
   const auto bytes = static_cast<std::uint32_t>(local.size());
   if (uri == kRdf) return {rdfRole(local), false, bytes, &schema};
-  if (uri == kXml && local == "lang") return {Role::syntax, false, bytes, &schema};
+  const bool isOldAbout = uri.empty() && (local == "about" || local == "ID");  // stands for rdf's
+  const bool isLanguage = uri == kXml && local == "lang";
+  if (isOldAbout || isLanguage) return {Role::syntax, false, bytes, &schema};
   const bool isOwn = schema.own != nullptr &&
                      isOwnProperty(std::string(schema.own->prefix) + ':' + std::string(local));
   return {Role::other, isOwn, bytes, &schema};
@@ -73,7 +78,8 @@ void PacketGuard::startElement(const GuardedName& name) {
   Element& parent = open_[depth_];
   countChild(parent, name);
   const bool isTopLevel = name.role == Role::description && parent.role == Role::rdf;
-  open_[++depth_] = {name.role, isTopLevel, 0};
+  open_[++depth_] = {name.role, isTopLevel, 0, 0};
+  if (name.role == Role::rdf && metadata_ == 0) metadata_ = depth_;
   deepest_ = std::max(deepest_, depth_);
 }
 
@@ -84,13 +90,15 @@ void PacketGuard::attribute(const GuardedName& name) {
 
 // Items are not searched by name, and what stands outside the metadata is not searched at all.
 void PacketGuard::countChild(Element& parent, const GuardedName& name) {
-  if (parent.role == Role::rdf || name.role == Role::syntax) return;
+  if (metadata_ == 0 || parent.role == Role::rdf || name.role == Role::syntax) return;
   if (parent.role == Role::array && name.role == Role::item) return;
-  if (parent.isTopLevel) {
-    if (!name.isOwn && ++name.schema->namedChildren > limits::kNamedChildren) refuseCount();
-  } else if (++parent.namedChildren > limits::kNamedChildren) {
-    refuseCount();
+  if (name.isOwn) return;
+  if (name.role == Role::value) {
+    if (++parent.values > limits::kValues) refuseValues();
+    return;
   }
+  std::uint32_t& count = parent.isTopLevel ? name.schema->namedChildren : parent.namedChildren;
+  if (++count > limits::kNamedChildren) refuseCount();
 }
 
 }  // namespace xmpl

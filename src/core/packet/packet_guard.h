@@ -30,10 +30,11 @@ struct GuardedSchema {
 // What the guard must know of an element's or attribute's name.
 struct GuardedName {
   // `syntax`: says how a property is written and is none, as rdf:parseType and xml:lang.
-  enum class Role : std::uint8_t { other, item, array, description, rdf, syntax };
+  // `value`: rdf:value, which makes the other properties beside it qualifiers.
+  enum class Role : std::uint8_t { other, item, array, description, rdf, value, syntax };
 
   Role role = Role::other;
-  bool isOwn = false;  // as a top-level property
+  bool isOwn = false;  // the library writes it, and it does not count
   std::uint32_t localBytes = 0;
   GuardedSchema* schema = nullptr;
 };
@@ -45,7 +46,9 @@ class PacketGuard {
   void declare(std::string_view prefix, std::string_view uri);
   void startElement(const GuardedName& name);
   void attribute(const GuardedName& name);  // of the element that was started last
-  void endElement() { --depth_; }
+  void endElement() {
+    if (depth_-- == metadata_) metadata_ = 0;
+  }
 
   std::size_t deepest() const { return deepest_; }
 
@@ -53,6 +56,7 @@ class PacketGuard {
   struct Element {
     GuardedName::Role role;
     bool isTopLevel;  // an rdf:Description in an rdf:RDF
+    std::uint8_t values;
     std::uint32_t namedChildren;
   };
 
@@ -61,6 +65,7 @@ class PacketGuard {
   std::array<Element, limits::kElementDepth + 1> open_{};  // the first stands for the document
   std::size_t depth_ = 0;
   std::size_t deepest_ = 0;
+  std::size_t metadata_ = 0;                    // depth of the rdf:RDF that is open
   std::set<std::string, std::less<>> foreign_;  // namespaces
 };
 

@@ -281,9 +281,9 @@ bool readPlain(std::string_view packet, Metadata& metadata) {
   try {
     PlainReader reader(inside);
     if (parseXml(packet, reader)) {
-      settle(inside);
-      // A plain packet's element is saved as two at most.
-      if (reader.deepest() * 2 > limits::kElementDepth) refuseUnsavable(metadata);
+      const bool hasMoved = settle(inside);
+      // An element is saved as two at most; what has moved may be one too many where it is now.
+      if (hasMoved || reader.deepest() * 2 > limits::kElementDepth) refuseUnsavablePlain(inside);
       return true;
     }
   } catch (const NotPlain&) {

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "core/packet/packet_guard.h"
+#include "core/packet/survey.h"
 #include "core/packet/writer.h"
 #include "core/toolkit/nodes.h"
 
@@ -22,10 +23,24 @@ void deleteEmptySchemas(XMP_Node& tree) {
   std::erase(schemas, nullptr);
 }
 
+template <class Check>
+void refuseOnError(const Check& check) {
+  try {
+    check();
+  } catch (const XMP_Error& error) {
+    const std::string why = messageOf(error);
+    constexpr std::string_view kWriters = "Packet not written: ";
+    const std::size_t begin = why.starts_with(kWriters) ? kWriters.size() : 0;
+    throw PacketRefused(why.substr(begin) + " when saved");
+  }
+}
+
 }  // namespace
 
-void settle(XMPMeta& metadata) {
+bool settle(XMPMeta& metadata) {
   XMP_Node& tree = metadata.tree;
+  const bool hasAliases = (tree.options & kXMP_PropHasAliases) != 0;
+  const bool hasCopyright = FindSchemaNode(&tree, kXMP_NS_DM, kXMP_ExistingOnly) != nullptr;
   mendAliases(tree);
   NormalizeDCArrays(&tree);
   if ((tree.options & kXMP_PropHasAliases) != 0) {
@@ -33,17 +48,15 @@ void settle(XMPMeta& metadata) {
   }
   TouchUpDataModel(&metadata, metadata.errorCallback);
   deleteEmptySchemas(tree);
+  return hasAliases || hasCopyright;
 }
 
 void refuseUnsavable(const Metadata& metadata) {
-  try {
-    requireSavable(metadata);
-  } catch (const XMP_Error& error) {
-    const std::string why = messageOf(error);
-    constexpr std::string_view kWriters = "Packet not written: ";
-    const std::size_t begin = why.starts_with(kWriters) ? kWriters.size() : 0;
-    throw PacketRefused(why.substr(begin) + " when saved");
-  }
+  refuseOnError([&] { requireSavable(metadata); });
+}
+
+void refuseUnsavablePlain(const XMPMeta& metadata) {
+  refuseOnError([&] { survey(metadata.tree); });
 }
 
 }  // namespace xmpl

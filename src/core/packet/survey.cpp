@@ -74,7 +74,7 @@ class Surveyor {
     bytes_ += kIndentBytes * depth;
     if (isArray(node)) return items(node, depth + 2);
     bytes_ += kStructureBytes;
-    countNamed(node.children, [](const XMP_Node*) { return false; });
+    countNamed(node.children, [](const XMP_Node* each) { return isOwnProperty(each->name); });
     named(node.children, depth + 1);
   }
 

@@ -8,11 +8,15 @@
 namespace xmpl {
 namespace {
 
+// A load makes a blank of it, but not of a reference to it.
+constexpr unsigned char kDelete = 0x7F;
+
 using Special = std::array<bool, 256>;
 
 constexpr Special specialAre(std::string_view characters) {
   Special special{};
   for (std::size_t control = 0; control < 0x20; ++control) special[control] = true;
+  special[kDelete] = true;
   for (const char c : characters) special[static_cast<unsigned char>(c)] = true;
   return special;
 }
@@ -27,11 +31,11 @@ constexpr Special kSpecial<Place::toolkitForgets> = specialAre("&<\"");
 
 constexpr std::size_t kMostEscaped = 6;  // bytes that one becomes
 
-// What is escaped somewhere. Each comparison but the first is for two characters that differ in one
-// bit.
+// What is escaped somewhere. The last two comparisons are each for two characters that differ in
+// one bit.
 auto specialIn(const Block& block) {
   static_assert(('&' | 0x04) == ('"' | 0x04) && ('<' | 0x02) == ('>' | 0x02));
-  return (block < 0x20) | ((block | 0x04) == '&') | ((block | 0x02) == '>');
+  return (block < 0x20) | (block == kDelete) | ((block | 0x04) == '&') | ((block | 0x02) == '>');
 }
 
 struct Escape {
@@ -43,10 +47,14 @@ constexpr Escape kBlank{{' '}, 1};  // as a Set stores what XML cannot hold
 
 const Escape& escapeOf(char c) {
   static constexpr std::pair<char, Escape> kEscapes[] = {
-      {'\n', {{'&', '#', 'x', 'A', ';'}, 5}},     {'&', {{'&', 'a', 'm', 'p', ';'}, 5}},
-      {'<', {{'&', 'l', 't', ';'}, 4}},           {'>', {{'&', 'g', 't', ';'}, 4}},
-      {'"', {{'&', 'q', 'u', 'o', 't', ';'}, 6}}, {'\t', {{'&', '#', 'x', '9', ';'}, 5}},
+      {'\n', {{'&', '#', 'x', 'A', ';'}, 5}},
+      {'&', {{'&', 'a', 'm', 'p', ';'}, 5}},
+      {'<', {{'&', 'l', 't', ';'}, 4}},
+      {'>', {{'&', 'g', 't', ';'}, 4}},
+      {'"', {{'&', 'q', 'u', 'o', 't', ';'}, 6}},
+      {'\t', {{'&', '#', 'x', '9', ';'}, 5}},
       {'\r', {{'&', '#', 'x', 'D', ';'}, 5}},
+      {char{kDelete}, {{'&', '#', '1', '2', '7', ';'}, 6}},
   };
   for (const auto& [character, escape] : kEscapes) {
     if (character == c) return escape;
@@ -81,7 +89,7 @@ char* escapeTo(char* to, std::string_view text, const Special& special) {
 void TextOutput::flush() {
   text_.append(buffer_.data(), static_cast<std::size_t>(at_ - buffer_.data()));
   at_ = buffer_.data();
-  if (text_.size() > limit_) refuse_();
+  if (text_.size() > limit_.bytes) limit_.onMore(text_);
 }
 
 template <Place kPlace>

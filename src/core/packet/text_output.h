@@ -16,9 +16,13 @@ enum class Place { element, attribute, toolkitForgets };
 
 class TextOutput {
  public:
-  // `limit` is the most that `text` may become; behind it, `refuse` is called, and throws.
-  TextOutput(std::string& text, std::size_t limit, void (*refuse)())
-      : text_(text), limit_(limit), refuse_(refuse) {}
+  // What to do when the text is longer than `bytes`: throw, or empty it.
+  struct Limit {
+    std::size_t bytes;
+    void (*onMore)(std::string& text);
+  };
+
+  TextOutput(std::string& text, const Limit& limit) : text_(text), limit_(limit) {}
 
   // Makes room for kRoom bytes.
   void room() { room(0); }
@@ -82,8 +86,7 @@ class TextOutput {
   }
 
   std::string& text_;
-  std::size_t limit_;
-  void (*refuse_)();
+  Limit limit_;
   std::array<char, 3584> buffer_;
   char* at_ = buffer_.data();
 };

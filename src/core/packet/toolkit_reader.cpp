@@ -2,7 +2,6 @@
 
 #include <map>
 #include <string>
-#include <unordered_map>
 
 #include "core/namespaces.h"
 #include "core/packet/packet_guard.h"
@@ -49,7 +48,7 @@ class ToolkitEvents final : public ParseObserver {
 
   PacketGuard guard_;
   std::map<std::string, GuardedSchema> schemas_;
-  std::unordered_map<std::string, GuardedName> names_;
+  std::map<std::string, GuardedName> names_;  // no hash: names may be made to collide
 };
 
 // One parse of this thread, under the observer's eyes.

@@ -14,13 +14,20 @@ namespace {
 
 constexpr std::size_t kPropertyIndent = 3;
 
-void refuseSize() { refuseToWrite("Packet not written: more than 256 MiB of text"); }
+constexpr TextOutput::Limit kSavable{
+    limits::kTextBytes,
+    [](std::string&) { refuseToWrite("Packet not written: more than 256 MiB of text"); }};
+
+// For a text that nobody reads.
+constexpr TextOutput::Limit kForgotten{std::size_t{1} << 16,
+                                       [](std::string& text) { text.clear(); }};
 
 class PacketWriter {
  public:
-  PacketWriter(const XMP_Node& tree, std::string& text, std::size_t around)
-      : tree_(tree), survey_(survey(tree)), out_(text, limits::kTextBytes, refuseSize) {
-    text.reserve(std::min(expected() + around, limits::kTextBytes));
+  PacketWriter(const XMP_Node& tree, std::string& text, std::size_t around,
+               const TextOutput::Limit& limit = kSavable)
+      : tree_(tree), survey_(survey(tree)), out_(text, limit) {
+    text.reserve(std::min(expected() + around, limit.bytes));
   }
 
   void header() {
@@ -117,7 +124,7 @@ void writePacket(const Metadata& metadata, std::string& text) {
 void requireSavable(const Metadata& metadata) {
   const Metadata copy = copyOf(metadata);  // writing settles language alternatives
   std::string text;
-  writePacket(copy, text);
+  PacketWriter(insideOf(copy).tree, text, 0, kForgotten).packet();
 }
 
 void writeWrapped(const Metadata& metadata, XMP_StringLen padding, std::string& text) {

@@ -2,7 +2,6 @@
 
 #include <expat.h>
 
-#include <algorithm>
 #include <exception>
 #include <memory>
 #include <new>
@@ -103,12 +102,12 @@ bool parseXml(std::string_view text, XmlEvents& events) {
 }
 
 DeclaredEncoding declaredEncoding(std::string_view text) {
-  constexpr std::size_t kLongestDeclaration = 1024;
   Declaration declaration;
   const OwnedParser parser = newParser(&declaration);
   XML_SetXmlDeclHandler(parser.get(), onDeclaration);
-  const int length = static_cast<int>(std::min(text.size(), kLongestDeclaration));
-  XML_Parse(parser.get(), text.data(), length, XML_FALSE);
+  const std::size_t end = text.find("?>");
+  if (end == std::string_view::npos) return {};
+  XML_Parse(parser.get(), text.data(), static_cast<int>(end + 2), XML_FALSE);
   const XML_Error error = XML_GetErrorCode(parser.get());
   if (declaration.isLost || error == XML_ERROR_NO_MEMORY) throw std::bad_alloc();
   if (error == XML_ERROR_UNKNOWN_ENCODING) noteFailure(parser.get());

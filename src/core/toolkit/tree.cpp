@@ -133,6 +133,19 @@ class DroppedNodes {
   std::size_t item_ = 0;
 };
 
+bool areEqual(const XMP_NodeOffspring& a, const XMP_NodeOffspring& b);
+
+bool isEqual(const XMP_Node& a, const XMP_Node& b) {
+  constexpr XMP_OptionBits kForm = kXMP_PropCompositeMask | kXMP_PropValueIsURI;
+  return a.name == b.name && a.value == b.value && ((a.options ^ b.options) & kForm) == 0 &&
+         areEqual(a.children, b.children) && areEqual(a.qualifiers, b.qualifiers);
+}
+
+bool areEqual(const XMP_NodeOffspring& a, const XMP_NodeOffspring& b) {
+  return std::equal(a.begin(), a.end(), b.begin(), b.end(),
+                    [](const XMP_Node* x, const XMP_Node* y) { return isEqual(*x, *y); });
+}
+
 }  // namespace
 
 const XMP_Node* findProperty(const Metadata& metadata, PropertyName name) {
@@ -172,6 +185,16 @@ Metadata copyOf(const Metadata& metadata) {
   to.value = from.value;
   copyBelow(from, to);
   return copy;
+}
+
+bool isAlias(const char* schemaUri, std::string_view name) {
+  std::string prefix;
+  if (!Metadata::GetNamespacePrefix(schemaUri, &prefix)) return false;
+  return sRegisteredAliasMap->contains(prefix.append(name.substr(name.find(':') + 1)));
+}
+
+bool haveEqualTrees(const Metadata& a, const Metadata& b) {
+  return isEqual(insideOf(a).tree, insideOf(b).tree);
 }
 
 void swapTrees(Metadata& a, Metadata& b) {

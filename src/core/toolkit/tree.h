@@ -30,6 +30,12 @@ std::size_t propertyCount(const Metadata& metadata, std::string_view schemaUri);
 
 void swapTrees(Metadata& a, Metadata& b);
 
+// Whether the toolkit keeps a property of that name, with or without its prefix, under another.
+bool isAlias(const char* schemaUri, std::string_view name);
+
+// Whether all schemas, properties, qualifiers and values are the same, in the same form and order.
+bool haveEqualTrees(const Metadata& a, const Metadata& b);
+
 // As the toolkit's Clone, which loses the whole copy where memory ends before it is made.
 Metadata copyOf(const Metadata& metadata);
 
