@@ -179,9 +179,14 @@ class Words {
     }
   }
 
+  // Its own, or that of the rdf:value that it stands for.
   static std::string language(const XmlElement& item) {
     const auto found = item.attributes.find(kLanguage);
-    return found == item.attributes.end() ? "" : found->second;
+    if (found != item.attributes.end()) return found->second;
+    for (const XmlElement& child : item.children) {
+      if (child.name == rdf("value") || child.name == rdf("Description")) return language(child);
+    }
+    return "";
   }
 
   static bool isDefault(const XmlElement& item) {

@@ -5,7 +5,7 @@
 
 #include "XMPlib.h"
 #include "core/registry.h"
-#include "core/toolkit/tree.h"
+#include "core/toolkit/whole_trees.h"
 
 using xmpl::MetaRegistry;
 

@@ -1,24 +1,17 @@
 // Copying foreign metadata, that of schemas which this library does not manage.
 #include <algorithm>
-#include <iterator>
 #include <string_view>
 
 #include "core/call_guard.h"
 #include "core/namespaces.h"
 #include "core/packet/draft.h"
 #include "core/properties.h"
+#include "core/toolkit/copy_missing.h"
 
 using xmpl::Metadata;
+using xmpl::Part;
 
 namespace {
-
-// One node of the metadata, as the toolkit's iterator shows it.
-struct Node {
-  std::string schema;
-  std::string path;
-  std::string value;
-  XMP_OptionBits options = 0;
-};
 
 // The URI that all versions of a schema begin with.
 constexpr std::string_view withoutVersion(std::string_view uri, std::string_view version) {
@@ -32,63 +25,27 @@ bool isOneOf(std::string_view path, std::initializer_list<std::string_view> name
   return std::find(names.begin(), names.end(), path) != names.end();
 }
 
-bool isForeign(const Node& node) {
-  const std::string_view schema = node.schema;
-  const std::string_view path = node.path;
-  if (schema.starts_with(XMPLIB_PRIVATE_BASE)) return false;
-  if (schema.starts_with(kXmpCore)) return false;
+Part foreignPart(std::string_view schema, std::string_view property) {
+  if (schema.starts_with(XMPLIB_PRIVATE_BASE) || schema.starts_with(kXmpCore)) return Part::nothing;
   if (schema.starts_with(kDublinCore) &&
-      (path.starts_with("dc:description") || path.starts_with("dc:format"))) {
-    return false;
+      (property.starts_with("dc:description") || property.starts_with("dc:format"))) {
+    return Part::nothing;
   }
-  if (schema.starts_with(kPdf) && isOneOf(path, {"pdf:Producer", "pdf:Version", "pdf:Trapped"})) {
-    return false;
+  if (schema.starts_with(kPdf) &&
+      isOneOf(property, {"pdf:Producer", "pdf:Version", "pdf:Trapped"})) {
+    return Part::allButItself;
   }
-  return (node.options & kXMP_SchemaNode) == 0;
-}
-
-// An array or structure is copied empty; its items, fields and qualifiers are nodes of their own.
-// Of its options the toolkit takes only the form: it refuses those that announce qualifiers.
-void copyNode(const Node& node, Metadata& metadata) {
-  const XMP_OptionBits form = node.options & kXMP_PropCompositeMask;
-  const char* value = form == 0 ? node.value.c_str() : nullptr;
-  metadata.SetProperty(node.schema.c_str(), node.path.c_str(), value, form);
-}
-
-// Calls `visit` for every foreign node, parents before their children, until it answers false.
-template <class Visit>
-void forEachForeign(const Metadata& metadata, const Visit& visit) {
-  xmpl::ToolkitIterator nodes(metadata, "", "", 0);
-  Node node;
-  while (nodes.Next(&node.schema, &node.path, &node.value, &node.options)) {
-    if (isForeign(node) && !visit(node)) return;
-  }
-}
-
-bool holdsForeign(const Metadata& metadata) {
-  bool found = false;
-  forEachForeign(metadata, [&](const Node&) {
-    found = true;
-    return false;
-  });
-  return found;
-}
-
-void copyForeign(const Metadata& from, Metadata& to) {
-  forEachForeign(from, [&](const Node& node) {
-    if (!to.DoesPropertyExist(node.schema.c_str(), node.path.c_str())) copyNode(node, to);
-    return true;
-  });
+  return Part::all;
 }
 
 }  // namespace
 
 bool XMPlib::MergeNonOrvo(const XMPlib* other) {
   if (meta == nullptr || other == nullptr || other->meta == nullptr) return false;
-  if (!holdsForeign(*other->meta)) return false;
+  if (!xmpl::holdsAny(*other->meta, foreignPart)) return false;
   xmpl::Draft draft(*meta);
   try {
-    copyForeign(*other->meta, draft.metadata());
+    xmpl::copyMissing(*other->meta, draft.metadata(), foreignPart);
   } catch (const XMP_Error&) {
     draft.commit();  // the nodes copied so far stay
     throw;

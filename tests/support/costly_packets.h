@@ -84,6 +84,12 @@ inline std::vector<CostlyPacket> costlyPackets(std::size_t bytes) {
         const std::string begin = "<rdf:li xmlns:" + prefix + "='u:" + i;
         return begin + "a'/>" + begin + "b'/>";
       });
+  // Every item has a long path.
+  const std::string longName = "atk:" + std::string(200, 'n');
+  std::string buried = bagOf(repeated("<rdf:li/>", bytes));
+  for (int i = 0; i < 110; ++i) {
+    buried = "<" + longName + " rdf:parseType='Resource'>" + buried + "</" + longName + ">";
+  }
   const std::string most = fields(2000), value = "<rdf:value>v</rdf:value>";
   const std::string odd = "<atk:odd rdf:ID='i'/>";  // only the toolkit's reader takes it
   return {
@@ -96,6 +102,7 @@ inline std::vector<CostlyPacket> costlyPackets(std::size_t bytes) {
       {"distinct_names", described(bagOf(names))},
       {"distinct_names_not_plain", described(odd + bagOf(names))},
       {"alike_prefixes", described(bagOf(prefixes))},
+      {"long_paths", described(buried)},
       {"values", described(structure(repeated("<rdf:value/>", bytes)))},
       {"line_ends", described(odd + "<atk:p>" + std::string(bytes, '\n') + "</atk:p>")},
       {"controls", described("<atk:p atk:q='" + std::string(bytes, '\x01') + "'/>")},

@@ -4,7 +4,7 @@
 #include "core/packet/settle.h"
 #include "core/packet/writer.h"
 #include "core/toolkit/nodes.h"
-#include "core/toolkit/tree.h"
+#include "core/toolkit/whole_trees.h"
 
 namespace xmpl {
 namespace {

@@ -2,7 +2,7 @@
 #pragma once
 
 #include "core/toolkit/client.h"
-#include "core/toolkit/tree.h"
+#include "core/toolkit/whole_trees.h"
 
 namespace xmpl {
 

@@ -5,6 +5,7 @@
 #include "core/packet/load.h"
 #include "core/packet/writer.h"
 #include "core/toolkit/client.h"
+#include "core/toolkit/whole_trees.h"
 
 bool XMPlib::SetXML(const std::string& text) {
   CreateXAP();
@@ -34,12 +35,8 @@ const std::string& XMPlib::serialise(unsigned int options, int padding) const {
 
 void XMPlib::DumpXAP() const {
   if (meta == nullptr) return;
-  xmpl::ToolkitIterator nodes(*meta, "", "", 0);
-  std::string schema;
-  std::string path;
-  std::string value;
-  XMP_OptionBits options = 0;
-  while (nodes.Next(&schema, &path, &value, &options)) {
+  xmpl::forEachNode(*meta, [](const std::string& schema, const std::string& path,
+                              const std::string& value, XMP_OptionBits options) {
     std::printf("%s %s = \"%s\", 0x%X\n", schema.c_str(), path.c_str(), value.c_str(), options);
-  }
+  });
 }

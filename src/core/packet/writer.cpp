@@ -7,7 +7,7 @@
 #include "core/packet/survey.h"
 #include "core/packet/text_output.h"
 #include "core/packet/used_names.h"
-#include "core/toolkit/tree.h"
+#include "core/toolkit/whole_trees.h"
 
 namespace xmpl {
 namespace {

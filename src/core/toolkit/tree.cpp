@@ -23,21 +23,6 @@ XMP_Node& append(XMP_Node& parent, const char* name) {
   return *node.release();
 }
 
-void copyBelow(const XMP_Node& from, XMP_Node& to);
-
-void copyAll(const XMP_NodeOffspring& from, XMP_NodeOffspring& to, XMP_Node& parent) {
-  to.reserve(from.size());  // so that each copy is in its place at once
-  for (const XMP_Node* node : from) {
-    to.push_back(new XMP_Node(&parent, node->name, node->value, node->options));
-    copyBelow(*node, *to.back());
-  }
-}
-
-void copyBelow(const XMP_Node& from, XMP_Node& to) {
-  copyAll(from.qualifiers, to.qualifiers, to);
-  copyAll(from.children, to.children, to);
-}
-
 bool haveOneForm(const XMP_Node& a, const XMP_Node& b) {
   constexpr XMP_OptionBits kForm = kXMP_PropValueIsStruct | kXMP_PropValueIsArray;
   return (a.options & kForm) == (b.options & kForm);
@@ -133,19 +118,6 @@ class DroppedNodes {
   std::size_t item_ = 0;
 };
 
-bool areEqual(const XMP_NodeOffspring& a, const XMP_NodeOffspring& b);
-
-bool isEqual(const XMP_Node& a, const XMP_Node& b) {
-  constexpr XMP_OptionBits kForm = kXMP_PropCompositeMask | kXMP_PropValueIsURI;
-  return a.name == b.name && a.value == b.value && ((a.options ^ b.options) & kForm) == 0 &&
-         areEqual(a.children, b.children) && areEqual(a.qualifiers, b.qualifiers);
-}
-
-bool areEqual(const XMP_NodeOffspring& a, const XMP_NodeOffspring& b) {
-  return std::equal(a.begin(), a.end(), b.begin(), b.end(),
-                    [](const XMP_Node* x, const XMP_Node* y) { return isEqual(*x, *y); });
-}
-
 }  // namespace
 
 const XMP_Node* findProperty(const Metadata& metadata, PropertyName name) {
@@ -176,37 +148,10 @@ std::size_t propertyCount(const Metadata& metadata, std::string_view schemaUri) 
   return schema == nullptr ? 0 : schema->children.size();
 }
 
-Metadata copyOf(const Metadata& metadata) {
-  Metadata copy;
-  const XMP_Node& from = rootOf(metadata);
-  XMP_Node& to = insideOf(copy).tree;
-  to.options = from.options;
-  to.name = from.name;
-  to.value = from.value;
-  copyBelow(from, to);
-  return copy;
-}
-
 bool isAlias(const char* schemaUri, std::string_view name) {
   std::string prefix;
   if (!Metadata::GetNamespacePrefix(schemaUri, &prefix)) return false;
   return sRegisteredAliasMap->contains(prefix.append(name.substr(name.find(':') + 1)));
-}
-
-bool haveEqualTrees(const Metadata& a, const Metadata& b) {
-  return isEqual(insideOf(a).tree, insideOf(b).tree);
-}
-
-void swapTrees(Metadata& a, Metadata& b) {
-  XMP_Node& first = insideOf(a).tree;
-  XMP_Node& second = insideOf(b).tree;
-  std::swap(first.options, second.options);
-  first.name.swap(second.name);
-  first.value.swap(second.value);
-  first.children.swap(second.children);
-  first.qualifiers.swap(second.qualifiers);
-  for (XMP_Node* schema : first.children) schema->parent = &first;
-  for (XMP_Node* schema : second.children) schema->parent = &second;
 }
 
 std::size_t itemCount(const XMP_Node& array) {

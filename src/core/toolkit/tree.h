@@ -28,16 +28,8 @@ std::size_t itemCount(const XMP_Node& array);            // 0 for what is no arr
 // How many properties the schema has; 0 where there is none of it.
 std::size_t propertyCount(const Metadata& metadata, std::string_view schemaUri);
 
-void swapTrees(Metadata& a, Metadata& b);
-
 // Whether the toolkit keeps a property of that name, with or without its prefix, under another.
 bool isAlias(const char* schemaUri, std::string_view name);
-
-// Whether all schemas, properties, qualifiers and values are the same, in the same form and order.
-bool haveEqualTrees(const Metadata& a, const Metadata& b);
-
-// As the toolkit's Clone, which loses the whole copy where memory ends before it is made.
-Metadata copyOf(const Metadata& metadata);
 
 // A node's text; empty for an array or a structure, which simpleText refuses.
 const std::string& anyText(const XMP_Node& node);
