@@ -90,6 +90,10 @@ inline std::vector<CostlyPacket> costlyPackets(std::size_t bytes) {
   for (int i = 0; i < 110; ++i) {
     buried = "<" + longName + " rdf:parseType='Resource'>" + buried + "</" + longName + ">";
   }
+  // The toolkit keeps the URI of each.
+  const std::string attributes =
+      "<rdf:li" + numbered(50, [](const std::string& i) { return " z:a" + i + "=''"; }) + "/>";
+  const std::string longUri = "rdf:about='' xmlns:z='u:" + std::string(250, 'z') + "'";
   const std::string most = fields(2000), value = "<rdf:value>v</rdf:value>";
   const std::string odd = "<atk:odd rdf:ID='i'/>";  // only the toolkit's reader takes it
   return {
@@ -103,6 +107,8 @@ inline std::vector<CostlyPacket> costlyPackets(std::size_t bytes) {
       {"distinct_names_not_plain", described(odd + bagOf(names))},
       {"alike_prefixes", described(bagOf(prefixes))},
       {"long_paths", described(buried)},
+      {"long_uri", described(bagOf(repeated(attributes, bytes)), longUri)},
+      {"long_uri_not_plain", described(odd + bagOf(repeated(attributes, bytes)), longUri)},
       {"values", described(structure(repeated("<rdf:value/>", bytes)))},
       {"line_ends", described(odd + "<atk:p>" + std::string(bytes, '\n') + "</atk:p>")},
       {"controls", described("<atk:p atk:q='" + std::string(bytes, '\x01') + "'/>")},

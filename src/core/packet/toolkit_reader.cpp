@@ -27,28 +27,30 @@ class ToolkitEvents final : public ParseObserver {
   }
 
   void startElement(const char* name, const char** attributes) override {
-    guard_.startElement(find(name));
-    for (; *attributes != nullptr; attributes += 2) guard_.attribute(find(*attributes));
+    guard_.startElement(guarded(name));
+    for (; *attributes != nullptr; attributes += 2) guard_.attribute(guarded(*attributes));
   }
 
   void endElement() override { guard_.endElement(); }
   void doctype() override { PacketGuard::refuseDoctype(); }
 
  private:
-  const GuardedName& find(const std::string& name) {
-    const auto known = names_.find(name);
-    if (known != names_.end()) return known->second;
+  // Of a name as the parser has it: the URI and the local name, "@" between them.
+  GuardedName guarded(std::string_view name) {
     const std::size_t separator = name.rfind('@');
-    const bool hasUri = separator != std::string::npos;
-    const std::string uri = hasUri ? name.substr(0, separator) : "";
-    const auto schema = schemas_.try_emplace(uri, guardedSchema(uri)).first;
-    const std::string_view local = std::string_view(name).substr(hasUri ? separator + 1 : 0);
-    return names_.emplace(name, guardedName(uri, local, schema->second)).first->second;
+    const bool hasUri = separator != std::string_view::npos;
+    const std::string_view uri = hasUri ? name.substr(0, separator) : "";
+    return guardedName(uri, name.substr(hasUri ? separator + 1 : 0), schema(uri));
+  }
+
+  GuardedSchema& schema(std::string_view uri) {
+    const auto known = schemas_.find(uri);
+    if (known != schemas_.end()) return known->second;
+    return schemas_.emplace(uri, guardedSchema(uri)).first->second;
   }
 
   PacketGuard guard_;
-  std::map<std::string, GuardedSchema> schemas_;
-  std::map<std::string, GuardedName> names_;  // no hash: names may be made to collide
+  std::map<std::string, GuardedSchema, std::less<>> schemas_;
 };
 
 // One parse of this thread, under the observer's eyes.
