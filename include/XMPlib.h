@@ -130,8 +130,8 @@ class XMPLIB_API XMPlib {
   const std::string& GetXMLPacket(bool unused, int padding) const;
 
   // Prints every node of the metadata to standard output, a line each unless its value has line
-  // feeds: schema, path, value, option bits. For diagnosis. Leaves the error text alone; a toolkit
-  // error passes to the caller. Prints nothing without a metadata object.
+  // feeds: schema, path, value, option bits. For diagnosis. Leaves the error text alone. Prints
+  // nothing without a metadata object.
   void DumpXAP() const;
 
   // Writes `value` as the simple property `propName` (a name or a path) of the schema `schemaNS` (a

@@ -2,8 +2,6 @@
 // not be saved, or took time and memory out of all proportion.
 #include <gtest/gtest.h>
 
-#include <ctime>
-
 #include "core/toolkit/client.h"
 #include "support/costly_packets.h"
 #include "support/packets.h"
@@ -29,19 +27,6 @@ void expectToSurviveATrip(const XMPlib& xmp) {
   again.SetXML(saved);
   EXPECT_EQ(again.ErrStr(), "") << saved;
   EXPECT_EQ(again.GetXMLPacket(false, 1), saved);
-}
-
-// Of the processor: what else the machine does makes little difference.
-template <class Operation>
-double secondsFor(const Operation& operation, const std::string& text) {
-  double least = 1e9;
-  for (int i = 0; i < 3; ++i) {
-    XMPlib xmp;
-    const std::clock_t begin = std::clock();
-    operation(xmp, text);
-    least = std::min(least, static_cast<double>(std::clock() - begin));
-  }
-  return least / CLOCKS_PER_SEC;
 }
 
 }  // namespace
@@ -286,21 +271,4 @@ TEST(Attacks, MergesLeaveWhatCanBeSaved) {
   EXPECT_THROW(one.MergeNonOrvo(&two), XMP_Error);
   EXPECT_EQ(stored(one), oneBefore);
   expectToSurviveATrip(one);
-}
-
-// What is out of all proportion; the benchmark counts instructions, and has a tighter goal.
-TEST(Attacks, TakeTimeInStepWithTheText) {
-  constexpr std::size_t kBytes = 300'000;
-  const auto load = [](XMPlib& xmp, const std::string& text) { xmp.SetXML(text); };
-  const auto merge = [](XMPlib& xmp, const std::string& text) {
-    XMPlib other;
-    other.SetXML(text);
-    xmp.MergeNonOrvo(&other);
-  };
-  const double plain = secondsFor(load, plainList(kBytes));
-  const double plainMerge = secondsFor(merge, plainList(kBytes));
-  for (const CostlyPacket& packet : costlyPackets(kBytes)) {
-    EXPECT_LT(secondsFor(load, packet.text) / plain, 100) << packet.name;
-    EXPECT_LT(secondsFor(merge, packet.text) / plainMerge, 100) << packet.name;
-  }
 }

@@ -15,7 +15,7 @@ std::string lossOf(const Metadata& metadata) {
   std::string text;
   writePacket(settled, text);
   Metadata loaded;
-  const std::string fault = loadPacket(text, loaded);
+  std::string fault = loadPacket(text, loaded);
   if (!fault.empty()) return fault;
   settle(insideOf(settled));
   const bool isSame = haveEqualTrees(settled, loaded);
