@@ -1,4 +1,3 @@
-// Step and repeat.
 #include "core/call_guard.h"
 #include "core/unread.h"
 

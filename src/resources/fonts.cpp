@@ -1,4 +1,3 @@
-// Fonts.
 #include <algorithm>
 #include <set>
 

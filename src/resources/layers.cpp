@@ -1,4 +1,3 @@
-// Layers.
 #include "core/call_guard.h"
 #include "core/list_merge.h"
 #include "core/unread.h"

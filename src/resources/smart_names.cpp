@@ -1,4 +1,3 @@
-// Smart names.
 #include "core/call_guard.h"
 #include "core/unread.h"
 

@@ -20,7 +20,7 @@ std::string document() {
 TEST(FormatDocument, HasThePrefixesOfTheCode) {
   const std::string text = document();
   const std::string table = text.substr(text.find("## Prefixes"));
-  const std::regex row("\\| `(\\w+)` \\| `([^`]+)` \\|");
+  const std::regex row(R"(\| `(\w+)` \| `([^`]+)` \|)");
   std::vector<std::pair<std::string, std::string>> written, known;
   for (std::sregex_iterator it(table.begin(), table.end(), row), end; it != end; ++it) {
     const std::string uri = (*it)[2];
