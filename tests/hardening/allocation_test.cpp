@@ -223,7 +223,7 @@ TEST(Allocation, ShortageNeverPassesForSuccess) {
   });
   forEachKind([&]<class Value>(const Kind<Value>& kind) {
     XMPlib set;
-    const Value value = longTexts<Value>();
+    const auto value = longTexts<Value>();
     kind.set(set, value);
     expectRight("", set.GetXML(), [&](XMPlib& xmp) { return kind.set(xmp, value); });
     expectRight(set.GetXML(), set.GetXML(), [&](XMPlib& xmp) {
