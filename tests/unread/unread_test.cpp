@@ -179,7 +179,7 @@ std::string damaged(const std::string& whole, std::mt19937& random) {
   for (std::string line; std::getline(lines, line);) {
     const std::size_t open = line.find('>'), close = line.find("</");
     const bool isField = line.find("<vx") != std::string::npos &&
-                         line.find("/") != std::string::npos &&
+                         line.find('/') != std::string::npos &&
                          line.find("</vx") != line.find("<vx");
     if (isField && random() % oneIn == 0) {
       const auto damage = random() % 3;
