@@ -215,7 +215,7 @@ class Words {
   // Repaired, an array keeps texts alone, the empty ones only in a language.
   static bool isDropped(const XmlElement& item) {
     const bool isEmpty = item.text.empty() && item.attributes.empty() && item.children.empty();
-    return isComposite(item) || isEmpty;
+    return isComposite(item) || isEmpty || (isEmptyText(item) && language(item).empty());
   }
 
   // Of the default and one other item, the other's text is lost.

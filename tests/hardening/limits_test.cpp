@@ -94,8 +94,8 @@ TEST(Limits, APacketAtALimitLoadsAndOneOverItIsRefused) {
       {children(2048), children(2049), tooMany},
       {namespaces(1024), namespaces(1025), "more than 1,024 namespaces"},
       {named(256), named(257), "a name of more than 256 bytes"},
-      {declared(64, 256), declared(65, 256), "a namespace prefix of more than 64 bytes"},
-      {declared(64, 256), declared(64, 257), "a namespace URI of more than 256 bytes"},
+      {declared(64, 200), declared(65, 200), "a namespace prefix of more than 64 bytes"},
+      {declared(64, 200), declared(64, 201), "a namespace URI of more than 200 bytes"},
   };
   for (const auto& row : rows) {
     for (const auto& wrap :

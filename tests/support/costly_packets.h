@@ -55,7 +55,7 @@ inline std::vector<CostlyPacket> costlyPackets(std::size_t bytes) {
     return "<rdf:li rdf:parseType='Resource'>" + content + "</rdf:li>";
   };
   const auto namespaces = numbered(bytes / 300, [](const std::string& i) {
-    return "<rdf:li xmlns:n='http://attack.example/" + std::string(200, 'u') + i + "'/>";
+    return "<rdf:li xmlns:n='http://attack.example/" + std::string(150, 'u') + i + "'/>";
   });
   // Each field that the outer structure gets has been one of an inner structure before.
   const auto alternating = [](std::size_t count) {
@@ -93,7 +93,7 @@ inline std::vector<CostlyPacket> costlyPackets(std::size_t bytes) {
   // The toolkit keeps the URI of each.
   const std::string attributes =
       "<rdf:li" + numbered(50, [](const std::string& i) { return " z:a" + i + "=''"; }) + "/>";
-  const std::string longUri = "rdf:about='' xmlns:z='u:" + std::string(250, 'z') + "'";
+  const std::string longUri = "rdf:about='' xmlns:z='u:" + std::string(190, 'z') + "'";
   const std::string most = fields(2000), value = "<rdf:value>v</rdf:value>";
   const std::string odd = "<atk:odd rdf:ID='i'/>";  // only the toolkit's reader takes it
   return {
