@@ -138,8 +138,8 @@ class XMPLIB_API XMPlib {
   // URI), as every operation here but SetDgcs writes a real. Leaves the error text alone; a toolkit
   // error (XMP_Error) passes to the caller. So does one of this library's, with nothing changed,
   // for what could not be loaded again as it is: a name that XML does not allow, a path or a number
-  // of properties over a limit of docs/limits.md, a qualifier that RDF gives a meaning. Does nothing
-  // without a metadata object.
+  // of properties over a limit of docs/limits.md, a qualifier that RDF gives a meaning. Without a
+  // metadata object, nothing is done.
   void SetProperty_Float(const char* schemaNS, const char* propName, double value);
 
   // --- What a Get leaves out ------------------------------------------------------------------
