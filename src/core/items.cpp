@@ -3,7 +3,6 @@
 #include "core/value_text.h"
 
 namespace xmpl {
-
 namespace {
 
 template <class Value, class ValueOf>

@@ -22,7 +22,7 @@ bool isPlainName(std::string_view name) {
          });
 }
 
-// A path has one more step at each, at most.
+// A path has one more level at each; an item, in brackets, is never implied.
 bool isTooDeep(const char* path) {
   const std::string_view steps = path == nullptr ? "" : path;
   const auto count = std::count(steps.begin(), steps.end(), '/');

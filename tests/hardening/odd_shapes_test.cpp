@@ -33,7 +33,7 @@ std::vector<Property> propertiesOf(const std::function<void(XMPlib&)>& set) {
   set(xmp);
   const std::string text = xmp.GetXML();
   const xmpl::Metadata metadata(text.data(), static_cast<XMP_StringLen>(text.size()));
-  xmpl::ToolkitIterator nodes(metadata, kXMP_IterJustLeafName);
+  TXMPIterator<std::string> nodes(metadata, kXMP_IterJustLeafName);
   std::vector<Property> properties;
   Property property;
   XMP_OptionBits options = 0;

@@ -4,9 +4,9 @@
 #include <utility>
 
 #include "core/packet/names_in_scope.h"
-#include "core/packet/new_nodes.h"
 #include "core/packet/settle.h"
 #include "core/packet/xml_parser.h"
+#include "core/toolkit/new_nodes.h"
 #include "core/toolkit/nodes.h"
 
 namespace xmpl {
@@ -162,7 +162,7 @@ class PlainReader final : public XmlEvents {
     const Open& parent = open_.back();
     const bool isItem = parent.place == Place::items;
     if (name.term != (isItem ? Term::item : Term::property)) throw NotPlain();
-    XMP_Node& node = isItem ? appendNode(*parent.node, kXMP_ArrayItemName)
+    XMP_Node& node = isItem ? appendChild(*parent.node, kXMP_ArrayItemName)
                             : addNamed(*parent.node, parent.number, name);
     attributes_.empty() ? push(Place::value, node) : enterWithAttributes(node);
   }
@@ -235,7 +235,7 @@ class PlainReader final : public XmlEvents {
     XMP_Node& holder = number == kTop ? schemaOf(name) : parent;
     requirePlain(!hasField(holder, number, name));
     name.lastIn = number;
-    XMP_Node& node = appendNode(holder, name.stored);
+    XMP_Node& node = appendChild(holder, name.stored);
     const bool isTop = number == kTop;
     if (isTop && name.prefix->hasAliases && sRegisteredAliasMap->contains(name.stored)) {
       node.options |= kXMP_PropIsAlias;
@@ -254,7 +254,7 @@ class PlainReader final : public XmlEvents {
   XMP_Node& schemaOf(const ScopedName& name) {
     ScopedPrefix& prefix = *name.prefix;
     if (prefix.schema == nullptr) {
-      prefix.schema = &appendNode(tree_, prefix.uri);
+      prefix.schema = &appendChild(tree_, prefix.uri);
       prefix.schema->options = kXMP_SchemaNode;
       prefix.schema->value = prefix.registered;
     }

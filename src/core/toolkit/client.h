@@ -22,7 +22,6 @@ enum class ArrayKind : XMP_OptionBits {
 };
 
 using Metadata = TXMPMeta<std::string>;
-using ToolkitIterator = TXMPIterator<std::string>;
 using ToolkitUtils = TXMPUtils<std::string>;
 
 // XMP_Error borrows its text in some versions of the toolkit, and may carry none.

@@ -1,16 +1,15 @@
 #include "core/toolkit/copy_missing.h"
 
-#include <memory>
 #include <string>
 
+#include "core/toolkit/new_nodes.h"
 #include "core/toolkit/nodes.h"
+#include "core/toolkit/tree.h"
 
 #include "core/toolkit/quick_search.h"
 
 namespace xmpl {
 namespace {
-
-constexpr XMP_OptionBits kForm = kXMP_PropCompositeMask;
 
 bool hasMore(const XMP_Node& node) { return !node.children.empty() || !node.qualifiers.empty(); }
 
@@ -37,29 +36,25 @@ class Copier {
     return *schema;
   }
 
-  static XMP_Node& append(const XMP_Node& from, XMP_Node& parent) {
-    const XMP_OptionBits form = from.options & kForm;
-    return append(from.name, form == 0 ? from.value : std::string(), form, parent);
+  static XMP_OptionBits formOf(const XMP_Node& node) {
+    return node.options & kXMP_PropCompositeMask;
+  }
+  static std::string valueOf(const XMP_Node& node) {
+    return formOf(node) == 0 ? node.value : std::string();
   }
 
-  static XMP_Node& append(const std::string& name, const std::string& value, XMP_OptionBits form,
-                          XMP_Node& parent) {
-    auto node = std::make_unique<XMP_Node>(&parent, name, value, form);
-    parent.children.push_back(node.get());
-    return *node.release();
+  static XMP_Node& append(const XMP_Node& from, XMP_Node& parent) {
+    return appendNode(parent.children, parent, from.name, valueOf(from), formOf(from));
   }
 
   // The parent of what is meant, which is not. Deliberate: as the toolkit implies one from a path,
   // a structure from a field, never an array from an item.
   XMP_Node& implied(const XMP_Node& from) {
     const bool beginsWithChild = from.qualifiers.empty();
-    if (beginsWithChild && (from.options & kXMP_PropValueIsArray) != 0) refuseItems();
+    if (beginsWithChild && (from.options & kXMP_PropValueIsArray) != 0) refuseIndexing();
     const XMP_OptionBits form = beginsWithChild ? XMP_OptionBits{kXMP_PropValueIsStruct} : 0;
-    return append(from.name, "", form, schemaOf(from));
-  }
-
-  [[noreturn]] static void refuseItems() {
-    throw XMP_Error(kXMPErr_BadXPath, "Indexing applied to non-array");
+    XMP_Node& schema = schemaOf(from);
+    return appendNode(schema.children, schema, from.name, form);
   }
 
   void below(const XMP_Node& from, XMP_Node& to) {
@@ -74,19 +69,15 @@ class Copier {
 
   // The toolkit puts a language and a type first, and looks for it among all before.
   static XMP_Node& appendQualifier(const XMP_Node& from, XMP_Node& parent) {
-    const XMP_OptionBits form = from.options & kForm;
-    const XMP_OptionBits options = kXMP_PropIsQualifier | form;
-    const std::string value = form == 0 ? from.value : std::string();
+    const XMP_OptionBits options = kXMP_PropIsQualifier | formOf(from);
     if (from.name == "xml:lang" || from.name == "rdf:type") {
       XMP_Node& node = *FindQualifierNode(&parent, from.name.c_str(), kXMP_CreateNodes);
       node.options = options;
-      node.value = value;
+      node.value = valueOf(from);
       return node;
     }
-    auto node = std::make_unique<XMP_Node>(&parent, from.name, value, options);
-    parent.qualifiers.push_back(node.get());
     parent.options |= kXMP_PropHasQualifiers;
-    return *node.release();
+    return appendNode(parent.qualifiers, parent, from.name, valueOf(from), options);
   }
 
   void child(const XMP_Node& from, std::size_t index, const XMP_Node& parent, XMP_Node& to) {
@@ -96,7 +87,7 @@ class Copier {
   }
 
   static XMP_Node* item(const XMP_Node& array, std::size_t index) {
-    if ((array.options & kXMP_PropValueIsArray) == 0) refuseItems();
+    if ((array.options & kXMP_PropValueIsArray) == 0) refuseIndexing();
     return index < array.children.size() ? array.children[index] : nullptr;
   }
 

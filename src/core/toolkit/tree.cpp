@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <memory>
 
+#include "core/toolkit/new_nodes.h"
 #include "core/toolkit/nodes.h"
 #include "core/value_text.h"
 
@@ -15,12 +16,6 @@ const XMP_Node* childNamed(const XMP_Node& parent, std::string_view name) {
   const auto found = std::find_if(parent.children.begin(), parent.children.end(),
                                   [name](const XMP_Node* child) { return child->name == name; });
   return found == parent.children.end() ? nullptr : *found;
-}
-
-XMP_Node& append(XMP_Node& parent, const char* name) {
-  auto node = std::make_unique<XMP_Node>(&parent, name, XMP_OptionBits{0});
-  parent.children.push_back(node.get());
-  return *node.release();
 }
 
 bool haveOneForm(const XMP_Node& a, const XMP_Node& b) {
@@ -39,8 +34,7 @@ const XMP_Node* qualifierNamed(const XMP_Node& node, std::string_view name) {
 }
 
 void refuseNonArray(const XMP_Node& node) {
-  if ((node.options & kXMP_PropValueIsArray) != 0) return;
-  throw XMP_Error(kXMPErr_BadXPath, "Indexing applied to non-array");
+  if ((node.options & kXMP_PropValueIsArray) == 0) refuseIndexing();
 }
 
 // The toolkit keeps the language in front of the other qualifiers.
@@ -148,6 +142,8 @@ std::size_t propertyCount(const Metadata& metadata, std::string_view schemaUri) 
   return schema == nullptr ? 0 : schema->children.size();
 }
 
+void refuseIndexing() { throw XMP_Error(kXMPErr_BadXPath, "Indexing applied to non-array"); }
+
 bool isAlias(const char* schemaUri, std::string_view name) {
   std::string prefix;
   if (!Metadata::GetNamespacePrefix(schemaUri, &prefix)) return false;
@@ -187,9 +183,11 @@ void setDefaultLanguage(Metadata& metadata, PropertyName name, const char* text)
   item.release()->parent = &array;
 }
 
-XMP_Node& appendItem(XMP_Node& array) { return append(array, kXMP_ArrayItemName); }
+XMP_Node& appendItem(XMP_Node& array) { return appendChild(array, kXMP_ArrayItemName); }
 
-XMP_Node& appendField(XMP_Node& structure, const char* name) { return append(structure, name); }
+XMP_Node& appendField(XMP_Node& structure, const char* name) {
+  return appendChild(structure, name);
+}
 
 void makeStructure(XMP_Node& node) { node.options |= kXMP_PropValueIsStruct; }
 

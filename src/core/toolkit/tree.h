@@ -25,6 +25,9 @@ const XMP_Node* findItem(const XMP_Node& array, std::size_t index);
 const XMP_Node* findDefaultText(const XMP_Node& array);  // the item in the default language
 std::size_t itemCount(const XMP_Node& array);            // 0 for what is no array
 
+// Throws the toolkit's error for an item of what is no array.
+[[noreturn]] void refuseIndexing();
+
 // How many properties the schema has; 0 where there is none of it.
 std::size_t propertyCount(const Metadata& metadata, std::string_view schemaUri);
 

@@ -21,7 +21,7 @@ struct Visited {
 
 std::vector<Visited> byIterator(const Metadata& metadata) {
   std::vector<Visited> all;
-  ToolkitIterator nodes(metadata, "", "", 0);
+  TXMPIterator<std::string> nodes(metadata, "", "", 0);
   Visited node;
   while (nodes.Next(&node.schema, &node.path, &node.value, &node.options)) all.push_back(node);
   return all;
