@@ -2,7 +2,6 @@
 #pragma once
 
 #include <memory>
-#include <string>
 #include <utility>
 
 #include "core/toolkit/nodes.h"
@@ -24,9 +23,10 @@ XMP_Node& appendChild(XMP_Node& parent, const Name& name) {
   return appendNode(parent.children, parent, name, XMP_OptionBits{0});
 }
 
-inline void addLanguage(XMP_Node& node, std::string value) {
-  NormalizeLangValue(&value);
-  appendNode(node.qualifiers, node, "xml:lang", value, XMP_OptionBits{kXMP_PropIsQualifier});
+inline void addLanguage(XMP_Node& node, const char* value) {
+  XMP_Node& language =
+      appendNode(node.qualifiers, node, "xml:lang", value, XMP_OptionBits{kXMP_PropIsQualifier});
+  NormalizeLangValue(&language.value);
   node.options |= kXMP_PropHasQualifiers | kXMP_PropHasLang;
 }
 
