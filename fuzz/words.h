@@ -171,10 +171,11 @@ class Words {
                             property == "dc:rights" || property == "xmpRights:UsageTerms" ||
                             property == "exif:UserComment";
     for (const XmlElement& child : value.children) {
+      const bool isSameValue = child.name == rdf("value") || child.name == rdf("Description");
       if (isArray(child)) {
         addItems(child, lasts, isRepaired);
       } else {
-        addValue(child, lasts);
+        addValue(child, lasts, isSameValue ? property : "");
       }
     }
   }

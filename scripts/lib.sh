@@ -90,7 +90,7 @@ need_toolkit() {
 
 # Everything a build needs.
 need_build_tools() {
-  need_packages g++ cmake ninja-build dpkg-dev libexpat1-dev "$@"
+  need_packages g++ cmake ninja-build dpkg-dev libexpat1-dev libfast-float-dev "$@"
   need_toolkit
 }
 

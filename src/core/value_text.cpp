@@ -1,5 +1,7 @@
 #include "core/value_text.h"
 
+#include <fast_float/fast_float.h>
+
 #include <algorithm>
 #include <array>
 #include <cerrno>
@@ -8,6 +10,9 @@
 #include <cmath>
 #include <cstdlib>
 #include <limits>
+#ifdef __APPLE__
+#include <xlocale.h>
+#endif
 
 #include "core/ascii.h"
 #include "core/toolkit/client.h"
@@ -111,7 +116,7 @@ double toReal(const std::string& text) {
   if (number.empty()) throwEmpty();
   if (isPlainDecimal(number)) {
     double value = 0;
-    std::from_chars(number.data(), number.data() + number.size(), value);
+    fast_float::from_chars(number.data(), number.data() + number.size(), value);
     return value;
   }
   const std::string unusual(number);
