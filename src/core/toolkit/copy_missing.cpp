@@ -104,7 +104,7 @@ class Copier {
 
 }  // namespace
 
-bool holdsAny(const Metadata& metadata, const PartOf& partOf) {
+bool holdsAny(const Metadata& metadata, PartOf partOf) {
   for (const XMP_Node* schema : insideOf(metadata).tree.children) {
     for (const XMP_Node* property : schema->children) {
       const Part part = partOf(schema->name, property->name);
@@ -114,7 +114,7 @@ bool holdsAny(const Metadata& metadata, const PartOf& partOf) {
   return false;
 }
 
-void copyMissing(const Metadata& from, Metadata& to, const PartOf& partOf) {
+void copyMissing(const Metadata& from, Metadata& to, PartOf partOf) {
   Copier copier(insideOf(to).tree);
   for (const XMP_Node* schema : insideOf(from).tree.children) {
     for (const XMP_Node* property : schema->children) {
