@@ -3,7 +3,7 @@
 
 set -euo pipefail
 root=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)
-toolkit_dir="$root/.deps/xmp-toolkit"
+toolkit_dir=${XMP_TOOLKIT_SOURCE_DIR:-"$root/.deps/xmp-toolkit"}
 cd "$root"
 
 die() {
@@ -35,14 +35,20 @@ installed() {
   dpkg-query -W -f '${Status}\n' "$1" 2>/dev/null | grep -q '^install ok installed$'
 }
 
-# need_packages NAME... installs the Debian packages that are missing.
+# As many jobs as the machine has cores.
+cores() {
+  getconf _NPROCESSORS_ONLN
+}
+
+# need_packages NAME... installs the Debian packages that are missing. Elsewhere what is missing
+# shows in the build.
 need_packages() {
   local missing=() name
+  command -v apt-get >/dev/null || return 0
   for name in "$@"; do
     installed "$name" || missing+=("$name")
   done
   [ ${#missing[@]} -eq 0 ] && return
-  command -v apt-get >/dev/null || die "needs these packages (Debian's names): ${missing[*]}"
   echo "Installing: ${missing[*]}"
   quietly as_root apt-get update || die "could not update the package lists"
   quietly as_root env DEBIAN_FRONTEND=noninteractive \
@@ -50,37 +56,46 @@ need_packages() {
     die "could not install: ${missing[*]}"
 }
 
-# Writes Debian's own package sources, turned into source-package sources, into the folder $1.
+# Writes Debian's own package sources, as sources of the kind $2 (deb or deb-src), into the folder $1.
 write_source_lists() {
   local found=
   if [ -f /etc/apt/sources.list.d/debian.sources ]; then
-    sed 's/^Types:.*/Types: deb-src/' /etc/apt/sources.list.d/debian.sources >"$1/debian.sources"
+    sed "s/^Types:.*/Types: $2/" /etc/apt/sources.list.d/debian.sources >"$1/debian.sources"
     found=1
   fi
   if [ -f /etc/apt/sources.list ] && grep -q '^deb ' /etc/apt/sources.list; then
-    sed -n 's/^deb /deb-src /p' /etc/apt/sources.list >"$1/debian.list"
+    sed -n "s/^deb /$2 /p" /etc/apt/sources.list >"$1/debian.list"
     found=1
   fi
   [ -n "$found" ] || die "found no Debian package sources in /etc/apt"
 }
 
-# The toolkit's source tree, from Debian's source package, whose signature apt checks. Apt gets
-# folders of its own for this: the system's configuration stays as it is.
-need_toolkit() {
-  [ -d "$toolkit_dir" ] && return
-  echo "Fetching the XMP Toolkit's source package"
+# fetch KIND COMMAND...: runs an apt-get command in a new folder $work, with lists of packages of its
+# own: the system's configuration stays as it is.
+fetch() {
+  local kind=$1 options
+  shift
   mkdir -p "$root/.deps"
-  local work options
   work=$(mktemp -d "$root/.deps/fetch.XXXXXX")
-  trap "rm -rf '$work'" EXIT
+  trap 'rm -rf "$work"' EXIT
   mkdir -p "$work/sources" "$work/lists/partial"
-  write_source_lists "$work/sources"
+  write_source_lists "$work/sources" "$kind"
   options=(-o Dir::Etc::sourcelist=/dev/null -o "Dir::Etc::sourceparts=$work/sources"
     -o "Dir::State::lists=$work/lists" -o Dir::Cache::srcpkgcache= -o Dir::Cache::pkgcache=
     -o APT::Sandbox::User=root)
-  quietly apt-get "${options[@]}" -o APT::Update::Error-Mode=any update || die "could not read the lists of source packages"
-  (cd "$work" && quietly apt-get "${options[@]}" source --download-only exempi) ||
-    die "could not download the source package exempi"
+  [ -z "${foreign:-}" ] || options+=(-o "APT::Architecture=$foreign" -o "APT::Architectures::=$foreign")
+  quietly apt-get "${options[@]}" -o APT::Update::Error-Mode=any update ||
+    die "could not read the lists of packages"
+  (cd "$work" && quietly apt-get "${options[@]}" "$@") || die "could not download: ${*: -1}"
+}
+
+# The toolkit's source tree, from Debian's source package, whose signature apt checks.
+need_toolkit() {
+  [ -d "$toolkit_dir" ] && return
+  command -v apt-get >/dev/null ||
+    die "has no XMP Toolkit: set XMP_TOOLKIT_SOURCE_DIR to an SDK tree"
+  echo "Fetching the XMP Toolkit's source package"
+  fetch deb-src source --download-only exempi
   (cd "$work" && quietly dpkg-source -x exempi_*.dsc tree) ||
     die "could not unpack the source package exempi"
   mv "$work/tree" "$toolkit_dir"

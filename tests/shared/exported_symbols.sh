@@ -5,7 +5,7 @@
 set -euo pipefail
 symbols=$(nm -D --defined-only -C "$1" | cut -d' ' -f3-)
 [ "${2:-}" != also-std ] || symbols=$(grep -vE '^(void |[a-z ]+ )?(typeinfo (name )?for |vtable for )?std::' <<<"$symbols")
-unexpected=$(grep -vE '^XMPlib::~?[A-Za-z_]+(\[abi:cxx11\])?\(|^XMPl(ib|[A-Za-z]+)::operator(==|<|=)\(|^typeinfo (name )?for XMP_Error$' <<<"$symbols" || true)
+unexpected=$(grep -vE '^XMPlib::~?[A-Za-z_]+(\[abi:cxx11\])?\(|^XMPl(ib|[A-Za-z]+)::operator(==|<|=)\(|^typeinfo (name )?for XMP_Error$|^(__bss_start|_edata|_end)$' <<<"$symbols" || true)
 if [ -n "$unexpected" ]; then
   echo "These symbols should stay inside:"
   echo "$unexpected"

@@ -34,6 +34,17 @@ Library loadCopy(const std::string& name, int scope) {
   return library;
 }
 
+// std::string has another name in each standard library.
+#ifdef _LIBCPP_VERSION
+constexpr const char* kSetXml =
+    "_ZN6XMPlib6SetXMLERKNSt3__112basic_stringIcNS0_11char_traitsIcEENS0_9allocatorIcEEEE";
+constexpr const char* kGetXml = "_ZNK6XMPlib6GetXMLEv";
+#else
+constexpr const char* kSetXml =
+    "_ZN6XMPlib6SetXMLERKNSt7__cxx1112basic_stringIcSt11char_traitsIcESaIcEEE";
+constexpr const char* kGetXml = "_ZNK6XMPlib6GetXMLB5cxx11Ev";
+#endif
+
 // A handle of the library that was loaded, called by the names that its functions have there.
 class Handle {
  public:
@@ -42,11 +53,8 @@ class Handle {
   Handle(const Handle&) = delete;
   Handle& operator=(const Handle&) = delete;
 
-  bool load(const std::string& text) {
-    return call<bool>("_ZN6XMPlib6SetXMLERKNSt7__cxx1112basic_stringIcSt11char_traitsIcESaIcEEE",
-                      &text);
-  }
-  std::string saved() { return *call<const std::string*>("_ZNK6XMPlib6GetXMLB5cxx11Ev"); }
+  bool load(const std::string& text) { return call<bool>(kSetXml, &text); }
+  std::string saved() { return *call<const std::string*>(kGetXml); }
   void setReal(const char* schema) {
     call<void>("_ZN6XMPlib17SetProperty_FloatEPKcS1_d", schema, "x", 1.0);
   }

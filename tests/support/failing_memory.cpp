@@ -4,6 +4,10 @@
 #include <cstdlib>
 #include <new>
 
+#ifdef __GLIBC__
+#include <malloc.h>
+#endif
+
 #if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__) || !defined(__GLIBC__)
 #define XMPLIB_TEST_OWNS_MALLOC 0
 #elif defined(__has_feature)
@@ -34,6 +38,14 @@ bool failsNow() {
 }  // namespace
 
 bool reachesMalloc() { return XMPLIB_TEST_OWNS_MALLOC; }
+
+std::size_t bytesInUse() {
+#ifdef __GLIBC__
+  return mallinfo2().uordblks;
+#else
+  return 0;
+#endif
+}
 
 void runOutAfter(long passing, Shortage shortage) {
   kind = shortage;

@@ -1,10 +1,15 @@
 // Memory that runs out when a test says so, for the thread that says it.
 #pragma once
 
+#include <cstddef>
+
 enum class Shortage { once, forGood };
 
 // Whether malloc runs out too: a sanitizer keeps it to itself, and only operator new is left.
 bool reachesMalloc();
+
+// What malloc has given out; 0 where it cannot tell: with sanitizers, in other C libraries.
+std::size_t bytesInUse();
 
 // From here on `passing` allocations of this thread succeed; then one fails, or all do.
 void runOutAfter(long passing, Shortage shortage);

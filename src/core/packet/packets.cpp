@@ -37,6 +37,7 @@ void XMPlib::DumpXAP() const {
   if (meta == nullptr) return;
   xmpl::forEachNode(*meta, [](const std::string& schema, const std::string& path,
                               const std::string& value, XMP_OptionBits options) {
-    std::printf("%s %s = \"%s\", 0x%X\n", schema.c_str(), path.c_str(), value.c_str(), options);
+    std::printf("%s %s = \"%s\", 0x%lX\n", schema.c_str(), path.c_str(), value.c_str(),
+                static_cast<unsigned long>(options));
   });
 }

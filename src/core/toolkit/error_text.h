@@ -6,6 +6,8 @@
 #include <stdlib.h>  // NOLINT(modernize-deprecated-headers): the global names are replaced below
 #include <string.h>  // NOLINT(modernize-deprecated-headers)
 
+#include <vector>  // the toolkit's headers include it, and it may call free
+
 namespace xmpl {
 
 inline char* shortageText() noexcept {
