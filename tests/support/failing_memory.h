@@ -1,6 +1,8 @@
 // Memory that runs out when a test says so, for the thread that says it.
 #pragma once
 
+#include <new>
+
 enum class Shortage { once, forGood };
 
 // Whether malloc runs out too: a sanitizer keeps it to itself, and only operator new is left.
@@ -11,3 +13,18 @@ void runOutAfter(long passing, Shortage shortage);
 
 // Ends that. Answers whether an allocation has failed.
 bool endShortage();
+
+// Whether memory for so many is enough: nothing fails, and nothing is thrown.
+template <class ToolkitError, class Operation>
+bool completes(long passing, Shortage shortage, const Operation& operation) {
+  bool thrown = false;
+  runOutAfter(passing, shortage);
+  try {
+    operation();
+  } catch (const std::bad_alloc&) {
+    thrown = true;
+  } catch (const ToolkitError&) {
+    thrown = true;
+  }
+  return !endShortage() && !thrown;
+}
