@@ -183,6 +183,14 @@ TEST(Writer, RefusesMoreThan128LevelsOfElements) {
   EXPECT_EQ(nested(125, false), tooDeep);
   EXPECT_TRUE(isLoadable(nested(123, true)));  // the empty array is an element
   EXPECT_EQ(nested(124, true), tooDeep);
+  const auto qualified = [](int depth) {
+    Tree tree;
+    XMP_Node* node = &tree.property("dc:a", "v");
+    for (int i = 0; i < depth; ++i) node = &qualify(*node, "dc:q", "v");
+    return written(tree.metadata);
+  };
+  EXPECT_TRUE(isLoadable(qualified(124)));
+  EXPECT_EQ(qualified(125), tooDeep);
 }
 
 TEST(Writer, RefusesMoreThan1024ForeignNamespaces) {
