@@ -22,6 +22,7 @@ void onManyThreads(const std::function<void(int)>& work) {
   constexpr int kThreads = 8;
   std::latch start(kThreads);
   std::vector<std::jthread> threads;
+  threads.reserve(kThreads);
   for (int t = 0; t < kThreads; ++t) {
     threads.emplace_back([&start, &work, t] {
       start.arrive_and_wait();

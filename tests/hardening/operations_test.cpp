@@ -79,7 +79,7 @@ void putNumber(XMPlib& xmp, const Property& property, OddTrees& trees) {
 TEST(Operations, WithoutMetadataAnswerFalse) {
   forEachSet([]<class Value>(const Kind<Value>& kind) {
     Empty empty;
-    Value value = filled<Value>();
+    auto value = filled<Value>();
     EXPECT_FALSE(kind.set(empty, value)) << typeid(Value).name();
     EXPECT_EQ(empty.ErrStr(), "Illegal XAP");
     if (!kind.get) return;

@@ -94,6 +94,7 @@ TEST(Process, ForksBesideIdleThreads) {
     parents.SetNrPages(5);
     std::latch loaded(3), done(1);
     std::vector<std::jthread> threads;
+    threads.reserve(2);
     for (int t = 0; t < 2; ++t) {
       threads.emplace_back([&] {
         loadedAndSaved();
