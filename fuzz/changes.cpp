@@ -15,14 +15,6 @@ void run(const Operation& operation) {
   });
 }
 
-// An operation with its records or flags from the input.
-template <class Value, class Operation>
-void runWith(Fields& input, const Operation& operation) {
-  Value value{};
-  take(input, value);
-  run([&] { operation(value); });
-}
-
 class Changes {
  public:
   explicit Changes(const std::vector<std::string>& packets) : packets_(packets) {
@@ -30,16 +22,21 @@ class Changes {
     other_.SetXML(packets.back());
   }
 
+  // 'A' and so on are the kinds of records, '0' and so on what only writes, others signs the rest.
   void change(Fields& input) {
     const std::string name = input.next();
-    if (name.size() != 1) return;
-    int place = 0;
-    forEachKind([&]<class Value>(const Kind<Value>& kind) {
-      if ('A' + place++ != name[0]) return;
-      runWith<Value>(input, [&](const Value& value) { kind.set(xmp_, value); });
-    });
-    set(name[0], input);
-    if (!isSlow(filesOf(xmp_) + filesOf(other_))) merge(name[0], input);
+    if (name.size() != 1 || isSlow(filesOf(xmp_) + filesOf(other_))) return;
+    int sign = 'A';
+    const auto set = [&]<class Value>(const Kind<Value>& kind) {
+      if (sign++ != name[0]) return;
+      Value value{};
+      take(input, value);
+      run([&] { kind.set(xmp_, value); });
+    };
+    forEachKind(set);
+    sign = '0';
+    forEachWriter(set);
+    changeOtherwise(name[0], input);
   }
 
   const XMPlib& result() const { return xmp_; }
@@ -51,29 +48,12 @@ class Changes {
     return uri;
   }
 
-  template <class Value>
-  void runList(Fields& input, bool (XMPlib::*operation)(const Value&)) {
-    runWith<Value>(input, [&](const Value& value) { (xmp_.*operation)(value); });
-  }
-
-  void set(char name, Fields& input) {
-    if (name == '0') runList(input, &XMPlib::SetPDFData);
-    if (name == '1') runList(input, &XMPlib::SetMMData);
-    if (name == '2') runList(input, &XMPlib::SetUsedDigitalJobRefs);
-    if (name == 'a') runList(input, &XMPlib::SetMetaDataDigFilms);
-    if (name == '3') {
+  void changeOtherwise(char name, Fields& input) {
+    if (name == '=') {
       const std::string uri = uriOf(input.next()), path = input.next();
       run([&] { xmp_.SetProperty_Float(uri.c_str(), path.c_str(), 0.5); });
     }
-  }
-
-  void merge(char name, Fields& input) {
-    if (name == '4') runList(input, &XMPlib::MergeExtRefs);
-    if (name == '5') runList(input, &XMPlib::MergeCadFiles);
-    if (name == '6') runList(input, &XMPlib::MergeFonts);
-    if (name == '7') runList(input, &XMPlib::MergeBarcodes);
-    if (name == '8') runList(input, &XMPlib::MergeLayers);
-    if (name == '9') run([&] { xmp_.MergeNonOrvo(&other_); });
+    if (name == '<') run([&] { xmp_.MergeNonOrvo(&other_); });
     if (name == '+') run([&] { xmp_.MergeXML(packets_.back(), true); });
     if (name == '-') run([&] { other_.MergeNonOrvo(&xmp_); });
     if (name == '*') {

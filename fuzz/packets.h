@@ -5,7 +5,7 @@
 #include "target.h"
 
 // Numbers for the grammar of packets, each from as few bytes as it needs; 0 behind the end.
-inline RandomPackets::Numbers numbersOf(std::string_view input) {
+inline Numbers numbersOf(std::string_view input) {
   return [input](unsigned limit) mutable {
     unsigned number = 0;
     for (unsigned reach = 1; reach < limit && !input.empty(); reach *= 256) {

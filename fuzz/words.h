@@ -10,12 +10,14 @@
 #include "core/toolkit/nodes.h"
 #include "target.h"
 
-// An element with all that is in it. Names are "URI@local".
+// An element with all that is in it. Names have the toolkit's prefixes.
 struct XmlElement {
   std::string name;
   std::map<std::string, std::string> attributes;
   std::string text;  // its own
   std::vector<XmlElement> children;
+
+  bool has(const char* attribute) const { return attributes.contains(attribute); }
 };
 
 class XmlTree {
@@ -36,9 +38,9 @@ class XmlTree {
   static void XMLCALL onStart(void* self, const char* name, const char** attributes) {
     auto& open = static_cast<XmlTree*>(self)->open_;
     XmlElement& element = open.back()->children.emplace_back();
-    element.name = name;
+    element.name = prefixed(name);
     for (; *attributes != nullptr; attributes += 2) {
-      element.attributes[attributes[0]] = attributes[1];
+      element.attributes[prefixed(attributes[0])] = attributes[1];
     }
     open.push_back(&element);  // its parent takes no other child while it is open
   }
@@ -47,6 +49,16 @@ class XmlTree {
   }
   static void XMLCALL onText(void* self, const char* text, int size) {
     static_cast<XmlTree*>(self)->open_.back()->text.append(text, static_cast<std::size_t>(size));
+  }
+
+  // Of "URI@local".
+  static std::string prefixed(const std::string& name) {
+    const std::size_t end = name.rfind('@');
+    if (end == name.npos) return name;
+    std::string uri = name.substr(0, end), prefix;
+    if (uri == "http://purl.org/dc/1.1/") uri = kXMP_NS_DC;
+    xmpl::Metadata::GetNamespacePrefix(uri.c_str(), &prefix);
+    return prefix + name.substr(end + 1);
   }
 
   XmlElement document_;
@@ -70,32 +82,23 @@ class Words {
   std::multiset<std::string> all, lasting;
 
  private:
-  static constexpr const char* kRdf = "http://www.w3.org/1999/02/22-rdf-syntax-ns#@";
-  static constexpr const char* kLanguage = "http://www.w3.org/XML/1998/namespace@lang";
-
-  static std::string rdf(const char* local) { return kRdf + std::string(local); }
+  using Names = std::initializer_list<const char*>;
+  static bool isAnyOf(const std::string& name, Names names) {
+    return std::find(names.begin(), names.end(), name) != names.end();
+  }
 
   static void findRdf(const XmlElement& element, std::vector<const XmlElement*>& found) {
-    if (element.name == rdf("RDF")) found.push_back(&element);
+    if (element.name == "rdf:RDF") found.push_back(&element);
     for (const XmlElement& child : element.children) findRdf(child, found);
   }
 
   // Attributes that say how something is written, and are no values.
   static bool isSyntax(const std::string& name) {
-    static const std::set<std::string> names = {
-        rdf("about"),     rdf("ID"), rdf("nodeID"), rdf("datatype"),
-        rdf("parseType"), kLanguage, "about",       "ID"};
-    return names.contains(name);
+    return isAnyOf(name, {"rdf:about", "rdf:ID", "rdf:nodeID", "rdf:datatype", "rdf:parseType",
+                          "xml:lang", "about", "ID"});
   }
 
-  // The name under which the toolkit keeps a property, aliases resolved.
-  static std::string storedName(const std::string& name) {
-    const std::size_t end = name.rfind('@');
-    std::string uri = name.substr(0, end), prefix;
-    if (uri == "http://purl.org/dc/1.1/") uri = kXMP_NS_DC;
-    xmpl::Metadata::GetNamespacePrefix(uri.c_str(), &prefix);
-    return prefix + name.substr(end + 1);
-  }
+  // The name under which the toolkit keeps a property.
   static bool isAlias(const std::string& stored) { return sRegisteredAliasMap->contains(stored); }
   static std::string target(const std::string& stored) {
     return isAlias(stored) ? sRegisteredAliasMap->find(stored)->second[kRootPropStep].step : stored;
@@ -110,66 +113,53 @@ class Words {
   }
 
   void countProperties(const XmlElement& description) {
-    forEachProperty(description, [&](const XmlElement& property) {
-      ++count_[target(storedName(property.name))];
-    });
+    forEachProperty(description,
+                    [&](const XmlElement& property) { ++count_[target(property.name)]; });
   }
 
-  bool has(const char* property) const { return count_.contains(property); }
-
   void addDescription(const XmlElement& description) {
-    for (const std::string& name : {rdf("about"), std::string("about")}) {
-      const auto about = description.attributes.find(name);
-      if (about == description.attributes.end() || !about_.empty()) continue;
-      about_ = about->second;
+    for (const char* name : {"rdf:about", "about"}) {
+      if (!description.has(name) || !about_.empty()) continue;
+      about_ = description.attributes.at(name);
       add(about_, true);
     }
     forEachProperty(description, [&](const XmlElement& property) {
-      const std::string stored = storedName(property.name);
-      addValue(property, !isLost(property, stored), target(stored));
+      addValue(property, !isLost(property), target(property.name));
     });
-  }
-
-  static bool isDublinCoreArray(const std::string& stored) {
-    static const std::set<std::string> names = {"dc:contributor", "dc:creator",  "dc:date",
-                                                "dc:description", "dc:language", "dc:publisher",
-                                                "dc:relation",    "dc:rights",   "dc:subject",
-                                                "dc:title",       "dc:type"};
-    return names.contains(stored);
   }
 
   // With qualifiers: without, there is no word in it.
   static bool isEmptyText(const XmlElement& value) {
-    const auto attribute = value.attributes.find(rdf("value"));
-    if (attribute != value.attributes.end()) return attribute->second.empty();
+    if (value.has("rdf:value")) return value.attributes.at("rdf:value").empty();
     const auto isEmpty = [](const XmlElement& child) {
-      if (child.name == rdf("Description")) return isEmptyText(child);
-      const bool hasUri = child.attributes.contains(rdf("resource"));
-      return child.name == rdf("value") && child.text.empty() && child.children.empty() && !hasUri;
+      if (child.name == "rdf:Description") return isEmptyText(child);
+      return child.name == "rdf:value" && child.text.empty() && child.children.empty() &&
+             !child.has("rdf:resource");
     };
     return std::any_of(value.children.begin(), value.children.end(), isEmpty);
   }
 
-  bool isLost(const XmlElement& property, const std::string& stored) const {
-    const std::string base = target(stored);
-    const bool isText = property.children.empty();
-    if (isAlias(stored) && isText && count_.at(base) > 1) return true;
-    if (isDublinCoreArray(base) && isEmptyText(property)) return true;
-    if (stored == "xmpMM:InstanceID") return !about_.empty();
-    if (base == "dc:rights" || stored == "xmpDM:copyright") return has("xmpDM:copyright");
-    return stored == "iX:changes" || stored == "exif:GPSTimeStamp";
+  bool isLost(const XmlElement& property) const {
+    const std::string &name = property.name, base = target(name);
+    const bool isDublinCoreArray = isAnyOf(
+        base, {"dc:contributor", "dc:creator", "dc:date", "dc:description", "dc:language",
+               "dc:publisher", "dc:relation", "dc:rights", "dc:subject", "dc:title", "dc:type"});
+    if (isAlias(name) && property.children.empty() && count_.at(base) > 1) return true;
+    if (isDublinCoreArray && isEmptyText(property)) return true;
+    if (name == "xmpMM:InstanceID") return !about_.empty();
+    if (base == "dc:rights" || name == "xmpDM:copyright") return count_.contains("xmpDM:copyright");
+    return isAnyOf(name, {"iX:changes", "exif:GPSTimeStamp"});
   }
 
   void addValue(const XmlElement& value, bool lasts, const std::string& property = "") {
-    if (value.children.empty() && !value.attributes.contains(rdf("parseType"))) {
+    if (value.children.empty() && !value.has("rdf:parseType")) {
       add(value.text, lasts);
     }
     for (const auto& [name, text] : value.attributes) {
       if (!isSyntax(name)) add(text, lasts);
     }
-    const bool isRepaired = property == "dc:title" || property == "dc:description" ||
-                            property == "dc:rights" || property == "xmpRights:UsageTerms" ||
-                            property == "exif:UserComment";
+    const bool isRepaired = isAnyOf(property, {"dc:title", "dc:description", "dc:rights",
+                                               "xmpRights:UsageTerms", "exif:UserComment"});
     for (const XmlElement& child : value.children) {
       const bool isSameValue = child.name == rdf("value") || child.name == rdf("Description");
       if (isArray(child)) {
@@ -182,10 +172,9 @@ class Words {
 
   // Its own, or that of the rdf:value that it stands for.
   static std::string language(const XmlElement& item) {
-    const auto found = item.attributes.find(kLanguage);
-    if (found != item.attributes.end()) return found->second;
+    if (item.has("xml:lang")) return item.attributes.at("xml:lang");
     for (const XmlElement& child : item.children) {
-      if (child.name == rdf("value") || child.name == rdf("Description")) return language(child);
+      if (isAnyOf(child.name, {"rdf:value", "rdf:Description"})) return language(child);
     }
     return "";
   }
@@ -195,22 +184,18 @@ class Words {
   }
 
   static bool isArray(const XmlElement& element) {
-    return element.name == rdf("Bag") || element.name == rdf("Seq") || element.name == rdf("Alt");
+    return isAnyOf(element.name, {"rdf:Bag", "rdf:Seq", "rdf:Alt"});
   }
 
   // An array or structure. One with an rdf:value is a text with qualifiers.
   static bool isComposite(const XmlElement& value) {
     bool hasFields = !value.children.empty();
     for (const auto& [name, text] : value.attributes) hasFields |= !isSyntax(name);
-    const auto isNested = [](const XmlElement& child) {
-      return child.name == rdf("Description") && !isComposite(child);
+    const auto isText = [](const XmlElement& child) {
+      return child.name == "rdf:value" || (child.name == "rdf:Description" && !isComposite(child));
     };
-    const auto isValue = [](const XmlElement& child) { return child.name == rdf("value"); };
-    const auto& children = value.children;
-    return hasFields && !value.attributes.contains(rdf("value")) &&
-           !value.attributes.contains(rdf("resource")) &&
-           std::none_of(children.begin(), children.end(), isValue) &&
-           std::none_of(children.begin(), children.end(), isNested);
+    return hasFields && !value.has("rdf:value") && !value.has("rdf:resource") &&
+           std::none_of(value.children.begin(), value.children.end(), isText);
   }
 
   // Repaired, an array keeps texts alone, the empty ones only in a language.
@@ -227,7 +212,7 @@ class Words {
       if (isLost) addValue(item, false);
       if (!isLost) items.push_back(&item);
     }
-    const bool isAlternative = isRepaired || array.name == rdf("Alt");
+    const bool isAlternative = isRepaired || array.name == "rdf:Alt";
     const auto ruling = std::find_if(items.begin(), items.end(),
                                      [](const XmlElement* item) { return isDefault(*item); });
     const bool isPair = isAlternative && items.size() == 2 && ruling != items.end();

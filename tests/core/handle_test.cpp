@@ -7,24 +7,13 @@
 #include <vector>
 
 #include "core/namespaces.h"
-#include "core/registry.h"
+#include "support/bare_packets.h"
 #include "support/packets.h"
+#include "support/slots.h"
 
 using xmpl::MetaRegistry;
 
 namespace {
-
-std::size_t slotsInUse() {
-  const MetaRegistry& registry = MetaRegistry::instance();
-  std::size_t used = 0;
-  for (std::size_t slot = 0; slot < registry.size(); ++slot) {
-    const auto number = static_cast<std::int32_t>(slot);
-    const bool isUsed = registry.holders(number) > 0;
-    EXPECT_EQ(registry.metadata(number) != nullptr, isUsed);  // a free slot holds no object
-    if (isUsed) ++used;
-  }
-  return used;
-}
 
 constexpr const char* kInk = "name type frequency angle=2.5 r g b attribute";
 
@@ -32,7 +21,7 @@ constexpr const char* kInk = "name type frequency angle=2.5 r g b attribute";
 void onManyThreads(const std::function<void(int)>& work) {
   constexpr int kThreads = 8;
   std::latch start(kThreads);
-  std::vector<std::thread> threads;
+  std::vector<std::jthread> threads;
   threads.reserve(kThreads);
   for (int t = 0; t < kThreads; ++t) {
     threads.emplace_back([&start, &work, t] {
@@ -40,7 +29,6 @@ void onManyThreads(const std::function<void(int)>& work) {
       work(t);
     });
   }
-  for (std::thread& thread : threads) thread.join();
 }
 
 }  // namespace
@@ -75,24 +63,18 @@ TEST(Handle, CopiesShareOneObjectUntilOneLoadsAPacket) {
   XMPlib copy(*a);
   EXPECT_EQ(slotsInUse(), used);
   EXPECT_TRUE(a->SetNrPages(3));
-  int pages = 0;
-  EXPECT_TRUE(copy.GetNrPages(pages));
-  EXPECT_EQ(pages, 3);
+  EXPECT_EQ(pagesOf(copy), 3);
 
   XMPlib third(copy);
   third.SetXML(packet("<vxGr:nrpages>9</vxGr:nrpages>"));
-  EXPECT_TRUE(copy.GetNrPages(pages));
-  EXPECT_EQ(pages, 3);
-
+  EXPECT_EQ(pagesOf(copy), 3);
   a.reset();
-  EXPECT_TRUE(copy.GetNrPages(pages));
-  EXPECT_EQ(pages, 3);
+  EXPECT_EQ(pagesOf(copy), 3);
 }
 
 TEST(Handle, CopyStartsWithoutErrorText) {
   Loaded a("<vxGr:nrpages>many</vxGr:nrpages>");
-  int pages = 0;
-  a.GetNrPages(pages);
+  EXPECT_EQ(pagesOf(a), -1);
   EXPECT_EQ(a.ErrStr(), "Invalid integer string");
   EXPECT_EQ(XMPlib(a).ErrStr(), "");
 }
@@ -121,30 +103,22 @@ TEST(Handle, WithoutMetadataRefusesAndRecovers) {
 // In a process of its own, as ctest runs it, this test makes the first handles.
 TEST(Handle, MovesWithItsMetadataAndTexts) {
   const std::size_t before = slotsInUse();
-  const auto load = [](const std::string& text) {
-    XMPlib xmp;
-    xmp.SetXML(text);
-    return xmp;
-  };
-  EXPECT_NE(load("<a").ErrStr(), "");  // a function's result still tells of its error
-  XMPlib first = load(packet("<vxGr:nrpages>3</vxGr:nrpages>"));
+  EXPECT_NE(XMPlib(FromText("<a")).ErrStr(), "");  // it still tells of its error
+  XMPlib first = Loaded("<vxGr:nrpages>3</vxGr:nrpages>");
   XMPlib copy(first);
   XMPlib second(std::move(first));
   EXPECT_FALSE(
       first.SetNrPages(4));  // NOLINT(bugprone-use-after-move,clang-analyzer-cplusplus.Move)
   EXPECT_EQ(first.ErrStr(), "Illegal XAP");  // NOLINT(clang-analyzer-cplusplus.Move)
   EXPECT_TRUE(second.SetNrPages(5));
-  int pages = 0;
-  EXPECT_TRUE(copy.GetNrPages(pages));  // shares with the new place
-  EXPECT_EQ(pages, 5);
+  EXPECT_EQ(pagesOf(copy), 5);  // shares with the new place
   XMPlib& itself = second;
   second = std::move(itself);
-  EXPECT_TRUE(second.GetNrPages(pages));
+  EXPECT_EQ(pagesOf(second), 5);
   second = XMPlib();
-  EXPECT_FALSE(second.GetNrPages(pages));
-  EXPECT_TRUE(copy.GetNrPages(pages));
+  EXPECT_EQ(pagesOf(second), -1);
   first = std::move(copy);
-  EXPECT_TRUE(first.GetNrPages(pages));
+  EXPECT_EQ(pagesOf(first), 5);
   EXPECT_EQ(slotsInUse(), before + 2);
 }
 
@@ -157,29 +131,20 @@ TEST(Handle, StandsInVectors) {
       EXPECT_TRUE(handles.back().SetNrPages(i));
     }
     handles.erase(handles.begin());
-    for (int i = 0; i < 19; ++i) {
-      int pages = 0;
-      EXPECT_TRUE(handles[static_cast<std::size_t>(i)].GetNrPages(pages));
-      EXPECT_EQ(pages, i + 1);
-    }
+    for (const XMPlib& handle : handles) EXPECT_EQ(pagesOf(handle), 1 + (&handle - handles.data()));
   }
   EXPECT_EQ(slotsInUse(), before);
 }
 
 TEST(Handle, ClonesAreIndependent) {
-  Loaded xmp(
-      "<vxGr:nrpages>3</vxGr:nrpages><dc:title><rdf:Alt><rdf:li xml:lang=\"x-default\">T"
-      "</rdf:li></rdf:Alt></dc:title>");
+  Loaded xmp("<vxGr:nrpages>3</vxGr:nrpages>" + alternative("dc:title", {{"x-default", "T"}}));
   XMPlib clone = xmp.CloneXAP();
   EXPECT_EQ(stored(clone), stored(xmp));
   EXPECT_TRUE(clone.SetNrPages(4));
-  int pages = 0;
-  EXPECT_TRUE(xmp.GetNrPages(pages));
-  EXPECT_EQ(pages, 3);
+  EXPECT_EQ(pagesOf(xmp), 3);
   xmp.RemoveXAP();
-  EXPECT_TRUE(clone.GetNrPages(pages));
-  EXPECT_EQ(pages, 4);
-  EXPECT_FALSE(xmp.CloneXAP().GetNrPages(pages));  // of nothing: nothing
+  EXPECT_EQ(pagesOf(clone), 4);
+  EXPECT_EQ(pagesOf(xmp.CloneXAP()), -1);  // of nothing: nothing
 }
 
 TEST(Handle, StartsTheToolkitOnceForManyThreads) {
@@ -204,10 +169,8 @@ TEST(Handle, LivesAndDiesOnManyThreadsAtOnce) {
       EXPECT_EQ(read.at(0).angle, 2.5);
       EXPECT_TRUE(other.MergeXML(copy.GetXML(), true) && other.MergeNonOrvo(&own));
       EXPECT_NE(other.GetXML().find(uri), std::string::npos);
-      int pages = -1;
       own.SetXML(copy.GetXML());
-      EXPECT_TRUE(own.GetNrPages(pages));
-      EXPECT_EQ(pages, thread);
+      EXPECT_EQ(pagesOf(own), thread);
     }
   });
   EXPECT_EQ(slotsInUse(), used + 1);
@@ -223,13 +186,9 @@ TEST(Namespaces, HaveThePrefixesOfTheTable) {
 }
 
 TEST(Namespaces, OfAPacketGiveWayToTheTable) {
-  XMPlib xmp;
-  xmp.SetXML(
-      "<rdf:RDF xmlns:rdf='http://www.w3.org/1999/02/22-rdf-syntax-ns#'>"
-      "<rdf:Description rdf:about='' xmlns:other='http://ns.orvo.example/xmp/grinfo/1.0/'"
-      " xmlns:vxGr='http://foreign.example/' other:nrpages='4' vxGr:nrpages='5'/></rdf:RDF>");
-  int pages = 0;
-  EXPECT_TRUE(xmp.GetNrPages(pages));
-  EXPECT_EQ(pages, 4);
+  const FromText xmp(described(
+      "<other:nrpages xmlns:other='http://ns.orvo.example/xmp/grinfo/1.0/'>4"
+      "</other:nrpages><vxGr:nrpages xmlns:vxGr='http://foreign.example/'>5</vxGr:nrpages>"));
+  EXPECT_EQ(pagesOf(xmp), 4);
   EXPECT_NE(stored(xmp).find("<vxGr:nrpages>4<"), std::string::npos);
 }

@@ -3,6 +3,8 @@
 
 #include <gtest/gtest.h>
 
+#include <sstream>
+
 #include "support/odd_trees.h"
 #include "support/packets.h"
 
@@ -10,66 +12,53 @@ using namespace xmpl;
 
 namespace {
 
-// One answer as text: the value, "absent", or the error.
-template <class Read>
-std::string answer(const Read& read) {
-  try {
-    return read();
-  } catch (const XMP_Error& error) {
-    return "error: " + messageOf(error);
-  }
-}
-
-template <class Value, class Get>
-std::string valueOr(Value value, Get get) {
-  if (!get(value)) return "absent";
-  if constexpr (std::is_same_v<Value, std::string>) {
-    return value;
-  } else {
-    return std::to_string(value);
-  }
-}
-
 using Names = OddTrees::Names;
-const Names kFields = {"vxFont:name", "vxFont:type", "vxInk:name"};
 
-// What reading in each of the four types yields; `read(value)` answers whether it is there.
+// What a reading of one type yields: the value, "absent", or the error.
+template <class Value, class Read>
+std::string answer(const Read& read) {
+  std::ostringstream text;
+  try {
+    Value value{};
+    read(value) ? text << value : text << "absent";
+  } catch (const XMP_Error& error) {
+    text << "error: " << messageOf(error);
+  }
+  return text.str() + '|';
+}
+
 template <class Read>
 std::string answers(const Read& read) {
-  const auto typed = [&](auto value) { return answer([&] { return valueOr(value, read); }) + '|'; };
-  return typed(std::string()) + typed(std::int32_t()) + typed(0.0) + typed(false);
+  return answer<std::string>(read) + answer<std::int32_t>(read) + answer<double>(read) +
+         answer<bool>(read);
 }
 
-std::string byPath(const Metadata& metadata, const char* ns, const std::string& path) {
-  const char* const name = path.c_str();
-  return answers([&]<class Value>(Value& v) {
-    if constexpr (std::is_same_v<Value, std::string>) {
-      return metadata.GetProperty(ns, name, &v, nullptr);
-    } else if constexpr (std::is_same_v<Value, double>) {
-      return metadata.GetProperty_Float(ns, name, &v, nullptr);
-    } else if constexpr (std::is_same_v<Value, bool>) {
-      return metadata.GetProperty_Bool(ns, name, &v, nullptr);
-    } else {
-      return metadata.GetProperty_Int(ns, name, &v, nullptr);
-    }
-  });
-}
+struct ByPath {
+  bool operator()(std::string& v) const { return metadata.GetProperty(ns, name(), &v, nullptr); }
+  bool operator()(double& v) const { return metadata.GetProperty_Float(ns, name(), &v, nullptr); }
+  bool operator()(bool& v) const { return metadata.GetProperty_Bool(ns, name(), &v, nullptr); }
+  bool operator()(std::int32_t& v) const {
+    return metadata.GetProperty_Int(ns, name(), &v, nullptr);
+  }
+  const char* name() const { return path.c_str(); }
+
+  const Metadata& metadata;
+  const char* ns;
+  std::string path;
+};
 
 // `reader` makes a PropertyReader or an ItemReader, `name` is what it reads.
 template <class Reader, class Name>
-std::string byNodes(const Reader& reader, Name name) {
-  return answers([&]<class Value>(Value& v) {
-    if constexpr (std::is_same_v<Value, std::string>) {
-      return reader().text(name, v);
-    } else if constexpr (std::is_same_v<Value, double>) {
-      return reader().real(name, v);
-    } else if constexpr (std::is_same_v<Value, bool>) {
-      return reader().boolean(name, v);
-    } else {
-      return reader().integer(name, v);
-    }
-  });
-}
+struct ByNodes {
+  bool operator()(std::string& v) const { return reader(metadata).text(name, v); }
+  bool operator()(double& v) const { return reader(metadata).real(name, v); }
+  bool operator()(bool& v) const { return reader(metadata).boolean(name, v); }
+  bool operator()(std::int32_t& v) const { return reader(metadata).integer(name, v); }
+
+  const Metadata& metadata;
+  Reader reader;
+  Name name;
+};
 
 // What no packet brings: the toolkit is asked for an odd property, and may refuse half-way.
 void damage(Metadata& metadata, const char* schema, const std::string& name, OddTrees& trees,
@@ -85,85 +74,61 @@ void damage(Metadata& metadata, const char* schema, const std::string& name, Odd
   }
 }
 
-Metadata parsed(const std::string& properties) {
-  const XMPlib starter;  // the toolkit runs
-  const std::string text = packet(properties);
-  return {text.data(), static_cast<XMP_StringLen>(text.size())};
-}
-
-// An odd property of that name, read in two ways.
-template <class ByNodes, class ByPath>
-void expectSame(PropertyName name, const Names& fields, const ByNodes& byNodes,
-                const ByPath& byPath) {
+// Metadata with an odd property of that name.
+template <class Check>
+void forOddTrees(PropertyName name, const Names& fields, const Check& check) {
+  const XMPlib startsTheToolkit;
   for (unsigned seed = 0; seed < 1000; ++seed) {
     OddTrees trees(seed, fields);
-    const std::string property = trees.pick(20) == 0 ? "" : trees.property(name.path);
-    Metadata metadata = parsed(property);
+    const std::string text = packet(trees.pick(20) == 0 ? "" : trees.property(name.path));
+    Metadata metadata(text.data(), static_cast<XMP_StringLen>(text.size()));
     if (trees.pick(3) == 0) damage(metadata, name.schema, name.path, trees, fields[0]);
-    ASSERT_EQ(byNodes(metadata), byPath(metadata)) << property << seed;
+    check(metadata);
+    ASSERT_FALSE(testing::Test::HasFailure()) << seed << text;
   }
+}
+
+// What `reader` reads of it is at that step of the toolkit's path.
+template <class Reader, class Name>
+void expectSame(PropertyName name, const Names& fields, const Reader& reader, Name read,
+                const std::string& step) {
+  forOddTrees(name, fields, [&](const Metadata& metadata) {
+    EXPECT_EQ(answers(ByNodes<Reader, Name>{metadata, reader, read}),
+              answers(ByPath{metadata, name.schema, name.path + step}));
+  });
 }
 
 }  // namespace
 
 TEST(Items, ReadAsTheToolkitReadsByPath) {
   constexpr PropertyName kArray = "vxFontL:fonts";
-  for (unsigned seed = 0; seed < 1000; ++seed) {
-    const std::string property = OddTrees(seed, kFields).property(kArray.path);
-    const Metadata metadata = parsed(property);
-    for (std::size_t index = 1; index <= 4; ++index) {
-      for (const std::string& field : kFields) {
-        const std::string path = "/*[" + std::to_string(index) + "]/" + field;
-        ASSERT_EQ(byNodes([&] { return ArrayReader(metadata, kArray).item(index); }, field),
-                  byPath(metadata, kArray.schema, kArray.path + path))
-            << property << index << field;
-      }
-    }
+  const Names fields = {"vxFont:name", "vxFont:type", "vxInk:name"};
+  for (std::size_t index = 1; index <= 4; ++index) {
+    const auto item = [&](const Metadata& m) { return ArrayReader(m, kArray).item(index); };
+    const std::string& field = fields[index % 3];
+    expectSame(kArray, fields, item, field, "/*[" + std::to_string(index) + "]/" + field);
   }
 }
 
 TEST(Properties, ReadAsTheToolkitReadsByPath) {
-  constexpr PropertyName kPages = "vxGr:nrpages";
-  expectSame(
-      kPages, kFields,
-      [&](const Metadata& m) { return byNodes([&] { return PropertyReader(m); }, kPages); },
-      [&](const Metadata& m) { return byPath(m, kPages.schema, kPages.path); });
-  constexpr PropertyName kBase = "vxPrF:DerivedFrom";
-  const std::string id = "stRef:instanceID";
-  expectSame(
-      kBase, {id, "stRef:renditionClass"},
-      [&](const Metadata& m) {
-        return byNodes([&] { return PropertyReader(m).structure(kBase); }, id);
-      },
-      [&](const Metadata& m) { return byPath(m, kBase.schema, kBase.path + ("/" + id)); });
-  constexpr PropertyName kJobs = "xmpBJ:JobRef";
-  const std::string name = "stLoc:name";
-  expectSame(
-      kJobs, {name, "stLoc:id"},
-      [&](const Metadata& m) {
-        return byNodes([&] { return PropertyReader(m).array(kJobs).last(); }, name);
-      },
-      [&](const Metadata& m) {
-        return byPath(m, kJobs.schema, kJobs.path + ("/*[last()]/" + name));
-      });
+  constexpr PropertyName kPages = "vxGr:nrpages", kBase = "vxPrF:DerivedFrom",
+                         kJobs = "xmpBJ:JobRef";
+  const auto whole = [](const Metadata& m) { return PropertyReader(m); };
+  const auto base = [&](const Metadata& m) { return PropertyReader(m).structure(kBase); };
+  const auto job = [&](const Metadata& m) { return PropertyReader(m).array(kJobs).last(); };
+  const std::string id = "stRef:instanceID", name = "stLoc:name";
+  expectSame(kPages, {"vxFont:name", "vxInk:name"}, whole, kPages, "");
+  expectSame(kBase, {id, "stRef:renditionClass"}, base, id, "/" + id);
+  expectSame(kJobs, {name, "stLoc:id"}, job, name, "/*[last()]/" + name);
 }
 
 TEST(DefaultLanguage, IsReadAsTheToolkitReadsItByAliasAndPath) {
   constexpr PropertyName kDescription = "dc:description";
-  const auto text = [](const auto& read) {
-    return answer([&] { return valueOr(std::string(), read); });
-  };
-  expectSame(
-      kDescription, {"dc:source", "dc:type"},
-      [&](const Metadata& m) {
-        return text([&](std::string& value) {
-          return PropertyReader(m).array(kDescription).defaultTextOrEmpty(value);
-        });
-      },
-      [&](const Metadata& m) {
-        return text([&](std::string& value) {
-          return m.GetProperty(kXMP_NS_XMP, "xmp:Description/*[@xml:lang='x-default']", &value,
-                               nullptr);
-        });
-      });
+  forOddTrees(kDescription, {"dc:source", "dc:type"}, [&](const Metadata& m) {
+    const auto read = [&](std::string& text) {
+      return PropertyReader(m).array(kDescription).defaultTextOrEmpty(text);
+    };
+    const char* const kPath = "xmp:Description/*[@xml:lang='x-default']";
+    EXPECT_EQ(answer<std::string>(read), answer<std::string>(ByPath{m, kXMP_NS_XMP, kPath}));
+  });
 }

@@ -3,8 +3,7 @@
 #include "support/packets.h"
 
 TEST(Packets, MalformedTextShowsInTheErrorTextAlone) {
-  XMPlib xmp;
-  EXPECT_TRUE(xmp.SetNrPages(3));
+  Loaded xmp("<vxGr:nrpages>3</vxGr:nrpages>");
   const std::pair<const char*, const char*> kMalformed[] = {
       {"<a", "line 1, column 1: unclosed token"},
       {"plain", "line 1, column 1: syntax error"},
@@ -21,13 +20,8 @@ TEST(Packets, MalformedTextShowsInTheErrorTextAlone) {
   EXPECT_EQ(xmp.ErrStr(), "Duplicate property or field node");
   EXPECT_TRUE(xmp.SetXML("<!DOCTYPE a [<!ENTITY b 'c'>]><a>&b;</a>"));
   EXPECT_EQ(xmp.ErrStr(), "Packet refused at line 1, column 13: DOCTYPE is not allowed");
-}
-
-TEST(Packets, EmptyTextIsEmptyMetadata) {
-  Loaded xmp("<vxGr:nrpages>3</vxGr:nrpages>");
-  EXPECT_TRUE(xmp.SetXML(""));
-  EXPECT_EQ(xmp.ErrStr(), "");
-  EXPECT_EQ(stored(xmp), "");
+  EXPECT_TRUE(xmp.SetNrPages(3) && xmp.SetXML(""));  // empty metadata
+  EXPECT_EQ(xmp.ErrStr() + stored(xmp), "");
 }
 
 TEST(Packets, ComeOutBareOrWrappedAndPadded) {
@@ -37,7 +31,6 @@ TEST(Packets, ComeOutBareOrWrappedAndPadded) {
   EXPECT_EQ(xmp.GetXMLPacket(false, 100), small);
   EXPECT_EQ(small.find("<?xpacket begin="), 0U);
   EXPECT_NE(small.find("<?xpacket end=\"w\"?>"), std::string::npos);
-  EXPECT_EQ(xmp.GetXMLPacket(true, 1100).size(), small.size() + 1000);
   const std::string& buffer = xmp.GetXML();
   xmp.GetXMLPacket(true, 1);
   EXPECT_EQ(&buffer, &xmp.GetXML());
@@ -58,18 +51,15 @@ TEST(Packets, GrowByExactlyThePadding) {
 
 TEST(Packets, KeepWhatNoOperationManages) {
   const std::string foreign =
-      "<vxImp:name>sheet</vxImp:name>"
-      "<vxImp:surfaces><rdf:Seq><rdf:li rdf:parseType=\"Resource\">"
-      "<vxSurf:side>front</vxSurf:side></rdf:li></rdf:Seq></vxImp:surfaces>"
-      "<vxDynCont:source>a&amp;b</vxDynCont:source>"
-      "<dc:title><rdf:Alt><rdf:li xml:lang=\"x-default\">T</rdf:li>"
-      "<rdf:li xml:lang=\"de\">D</rdf:li><rdf:li xml:lang=\"fr\">F</rdf:li></rdf:Alt></dc:title>";
+      "<vxImp:name>sheet</vxImp:name>" +
+      list("vxImp:surfaces", "Seq", {elements("vxSurf:", "side=front")}) +
+      "<vxDynCont:source>a&amp;b</vxDynCont:source>" +
+      alternative("dc:title", {{"x-default", "T"}, {"de", "D"}, {"fr", "F"}});
   Loaded first(foreign);
   ASSERT_EQ(stored(first), foreign);
   EXPECT_TRUE(first.SetNrPages(2));
   EXPECT_TRUE(first.SetSmartNames({{"n", "v"}}));
-  XMPlib second;
-  second.SetXML(first.GetXMLPacket(false, 0));
+  FromText second(first.GetXMLPacket(false, 0));
   EXPECT_TRUE(second.SetNrPages(3));
   EXPECT_EQ(stored(second).find(foreign), 0U) << stored(second);
 }

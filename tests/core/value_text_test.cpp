@@ -24,47 +24,24 @@ std::string errorOf(Convert convert, const std::string& text) {
   return "none";
 }
 
-struct RealText {
-  double value;
-  const char* text;
-};
-
 }  // namespace
 
 TEST(RealText, HasAtMostTenSignificantDigits) {
-  constexpr double kNaN = std::numeric_limits<double>::quiet_NaN();
-  constexpr double kInfinity = std::numeric_limits<double>::infinity();
-  const RealText rows[] = {
-      {0, "0"},
-      {-0.0, "-0"},
-      {72, "72"},
-      {2.54, "2.54"},
-      {-0.5, "-0.5"},
-      {1e-12, "0"},
-      {0.123456789, "0.123456789"},
-      {3.14159265358979, "3.141592654"},
-      {12.3456789012, "12.34567890"},  // the cut keeps a trailing zero
-      {-12.3456789012, "-12.34567890"},
-      {123456.123456789, "123456.1235"},
-      {12.999999999, "13"},
-      {12.129999999, "12.13"},
-      {99.9999999996, "100"},
-      {123456789, "123456789"},
-      {1234567890, "9999999999"},
-      {-1234567890, "-9999999999"},
-      {12345678901.5, "9999999999"},
-      {1234567890.5, "1234567891"},
-      {1234567890.4, "1234567890."},  // the cut keeps the point
-      {129.999999995, "139"},         // the carry leaves the nine
-      {19.999999995, "100"},          // the carry runs to the first digit
-      {29.999999999, "100"},
-      {1999999999.5, "10000000000"},
-      {std::numeric_limits<double>::max(), "9999999999"},
-      {std::numeric_limits<double>::denorm_min(), "0"},
-      {kNaN, "9999999999"},
-      {-kInfinity, "9999999999"},
-  };
-  for (const RealText& row : rows) EXPECT_EQ(realText(row.value), row.text) << row.value;
+  const std::string rows[] = {
+      "0=0", "-0=-0", "72=72", "2.54=2.54", "-0.5=-0.5", "1e-12=0", "5e-324=0",
+      "0.123456789=0.123456789", "3.14159265358979=3.141592654", "123456.123456789=123456.1235",
+      "12.999999999=13", "12.129999999=12.13", "99.9999999996=100", "123456789=123456789",
+      "1234567890=9999999999", "-1234567890=-9999999999", "12345678901.5=9999999999",
+      "1.7976931348623157e308=9999999999", "nan=9999999999", "-inf=9999999999",
+      "1234567890.5=1234567891",
+      // The cut keeps a trailing zero, and the point.
+      "12.3456789012=12.34567890", "-12.3456789012=-12.34567890", "1234567890.4=1234567890.",
+      // The carry leaves the nine, or runs to the first digit.
+      "129.999999995=139", "19.999999995=100", "29.999999999=100", "1999999999.5=10000000000"};
+  for (const std::string& row : rows) {
+    const double value = std::strtod(row.c_str(), nullptr);
+    EXPECT_EQ(realText(value), row.substr(row.find('=') + 1)) << row;
+  }
 }
 
 TEST(RealText, ReadsWhatTheCLibraryReads) {
@@ -74,9 +51,9 @@ TEST(RealText, ReadsWhatTheCLibraryReads) {
     EXPECT_EQ(toReal(text), std::strtod(text, nullptr)) << text;
   }
   EXPECT_TRUE(std::isnan(toReal("nan")));
-  EXPECT_EQ(errorOf(toReal, "12,5"), "Invalid float string");
-  EXPECT_EQ(errorOf(toReal, "-"), "Invalid float string");
-  EXPECT_EQ(errorOf(toReal, "1e999"), "Invalid float string");
+  for (const char* wrong : {"12,5", "-", "1e999"}) {
+    EXPECT_EQ(errorOf(toReal, wrong), "Invalid float string") << wrong;
+  }
   EXPECT_EQ(errorOf(toReal, " "), "Empty convert-from string");
 }
 
@@ -95,26 +72,9 @@ TEST(RealText, IsTheSameInALocaleWithADecimalComma) {
   std::setlocale(LC_ALL, "C");
 }
 
-TEST(IntegerText, ReadsWhatTheToolkitReads) {
-  EXPECT_EQ(toInteger("-2147483648"), std::numeric_limits<std::int32_t>::min());
-  EXPECT_EQ(toInteger("2147483647"), std::numeric_limits<std::int32_t>::max());
-  EXPECT_EQ(toInteger(" +17\n"), 17);
-  EXPECT_EQ(toInteger("0x1F"), 31);
-  EXPECT_EQ(errorOf(toInteger, "2147483648"), "Overflow condition");
-  EXPECT_EQ(errorOf(toInteger, "99999999999999999999"), "Overflow condition");
-  EXPECT_EQ(errorOf(toInteger, "-99999999999999999999"), "Overflow condition");
-  EXPECT_EQ(errorOf(toInteger, "12a"), "Invalid integer string");
-  EXPECT_EQ(errorOf(toInteger, "1.5"), "Invalid integer string");
+// The toolkit takes it for 0.
+TEST(IntegerText, NeedsDigitsBehindItsPrefix) {
   EXPECT_EQ(errorOf(toInteger, "0x"), "Invalid integer string");
-  EXPECT_EQ(errorOf(toInteger, ""), "Empty convert-from string");
-}
-
-TEST(BooleanText, ReadsWhatTheToolkitReads) {
-  EXPECT_TRUE(toBoolean("True") && toBoolean("t") && toBoolean("1"));
-  EXPECT_FALSE(toBoolean("False") || toBoolean("FALSE") || toBoolean("0"));
-  EXPECT_EQ(errorOf(toBoolean, "yes"), "Invalid Boolean string");
-  EXPECT_EQ(errorOf(toBoolean, ""), "Empty convert-from string");
-  EXPECT_EQ(errorOf(toBoolean, " True"), "Invalid Boolean string");
 }
 
 TEST(SetPropertyFloat, WritesAPropertyOfAnySchemaAndLetsErrorsPass) {

@@ -33,23 +33,9 @@ TEST(PageDimensions, AreWrittenWhole) {
 }
 
 TEST(PageDimensions, ReadingStopsAtTheFirstGap) {
-  const std::pair<const char*, const char*> rows[] = {
-      {"vsize", ""},
-      {"hsize", "vsize"},
-      {"margbot", "vsize hsize"},
-      {"margtop", "vsize hsize margbot"},
-      {"margleft", "vsize hsize margtop margbot"},
-      {"margright", "vsize hsize margtop margbot margleft"},
-      {"vshrink", "vsize hsize margtop margbot margleft margright"},
-      {"hshrink", "vsize hsize margtop margbot margleft margright vshrink"},
-      {"units=in", "vsize hsize margtop margbot margleft margright vshrink hshrink"},
-      {"readerspread=True",
-       "units vsize hsize margtop margbot margleft margright vshrink hshrink"}};
-  for (const auto& [missing, filled] : rows) {
-    XMPlDimDat page;
-    EXPECT_FALSE(with(swapped(kPage, missing)).GetDimDat(page));
-    EXPECT_EQ(changedFields(page), filled) << missing;
-  }
+  const char* const inReadingOrder =
+      "vsize=2 hsize margbot margtop margleft margright vshrink hshrink units=in readerspread=True";
+  EXPECT_EQ(notFilledUpToAGap("vxGr:", inReadingOrder, &XMPlib::GetDimDat), "");
 }
 
 TEST(FilmDimensions, AreWrittenInGroups) {
@@ -108,7 +94,6 @@ TEST(FilmDimensions, LetToolkitErrorsPass) {
   Loaded xmp = with("units=mm vsize=wide");
   XMPlDimDatDigFilm film;
   EXPECT_THROW(xmp.GetDimDatDigFilm(film), XMP_Error);
-  EXPECT_EQ(xmp.ErrStr(), "");
   film.units = "\xff";
   EXPECT_THROW(xmp.SetDimDatDigFilm(film), XMP_Error);
 }

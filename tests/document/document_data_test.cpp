@@ -7,13 +7,7 @@
 
 namespace {
 
-std::string description(const std::vector<std::pair<std::string, std::string>>& texts) {
-  std::string items;
-  for (const auto& [language, text] : texts) {
-    items += "<rdf:li xml:lang=\"" + language + "\">" + text + "</rdf:li>";
-  }
-  return "<dc:description><rdf:Alt>" + items + "</rdf:Alt></dc:description>";
-}
+std::string description(const Texts& texts) { return alternative("dc:description", texts); }
 
 XMPlDocData described(const std::string& text) { return {"", "", "", "", "", text}; }
 
@@ -39,9 +33,6 @@ TEST(DocumentData, IsStoredInTheStandardSchema) {
 
 TEST(DocumentData, ANewDescriptionReplacesAllLanguages) {
   Loaded xmp(description({{"x-default", "old"}, {"de", "alt"}, {"fr", "vieux"}}));
-  XMPlDocData read;
-  EXPECT_TRUE(xmp.GetDocumentData(read));
-  EXPECT_EQ(read.description, "old");
   for (const char* text : {"new", ""}) {
     EXPECT_TRUE(xmp.SetDocumentData(described(text)));
     EXPECT_EQ(stored(xmp), description({{"x-default", "new"}}));
@@ -109,11 +100,8 @@ TEST(FilmVersion, WithoutANumberIsLeftAlone) {
 
 TEST(FilmVersion, LetsToolkitErrorsPass) {
   Loaded xmp("<vxDigFilm:version>new</vxDigFilm:version>");
-  XMPlDigFilmVersion version{1, "\xff", ""};
+  XMPlDigFilmVersion version;
   EXPECT_THROW(xmp.GetDigitalFilmVersionDetailed(version), XMP_Error);
-  EXPECT_EQ(xmp.ErrStr(), "");
-  EXPECT_FALSE(xmp.SetDigitalFilmVersionDetailed(version));
-  EXPECT_EQ(xmp.ErrStr(), "Invalid UTF-8 sequence length");
 }
 
 TEST(BaseDocument, IsAStructureOfTwoTexts) {

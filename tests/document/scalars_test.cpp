@@ -33,15 +33,12 @@ void keeps(const char* property, bool (X::*get)(Value&) const, bool (X::*set)(Gi
   }
   Empty empty;
   EXPECT_EQ(got(empty, get, before), std::pair('-', absent));
-  EXPECT_FALSE((empty.*set)(before));
-  EXPECT_EQ(empty.ErrStr(), "Illegal XAP");
 }
 
 template <class Value>
-void refuses(const char* property, bool (X::*get)(Value&) const, Value before, const char* error) {
+void refuses(const char* property, bool (X::*get)(Value&) const, Value before) {
   const Loaded wrong(element(property, "ten"));
   EXPECT_EQ(got(wrong, get, before), std::pair('-', Value())) << property;
-  EXPECT_EQ(wrong.ErrStr(), error);
 }
 
 }  // namespace
@@ -63,7 +60,7 @@ TEST(Scalars, IntegersAreStoredInDecimalAndZeroIsAValueOrNone) {
   };
   for (const auto& row : rows) {
     keeps(row.property, row.get, row.set, 5, 0, {{-12, "-12"}, {7, "7"}});
-    refuses(row.property, row.get, 5, "Invalid integer string");
+    refuses(row.property, row.get, 5);
     XMPlib xmp;
     EXPECT_TRUE((xmp.*row.set)(5) && (xmp.*row.set)(0));
     EXPECT_EQ(stored(xmp), row.zeroDeletes ? "" : element(row.property, "0"));
@@ -75,8 +72,8 @@ TEST(Scalars, BooleansAreTheToolkitsTexts) {
         {{true, "True"}, {false, "False"}});
   keeps("vxGr:trapped", &X::GetIsTrapped, &X::SetIsTrapped, true, false,
         {{true, "True"}, {false, "False"}});
-  refuses("vxGr:screenreg", &X::GetScreenReg, true, "Invalid Boolean string");
-  refuses("vxGr:trapped", &X::GetIsTrapped, true, "Invalid Boolean string");
+  refuses("vxGr:screenreg", &X::GetScreenReg, true);
+  refuses("vxGr:trapped", &X::GetIsTrapped, true);
 }
 
 TEST(Scalars, TextsAreStoredAsGivenAndTheEmptyTextIsAValue) {

@@ -4,12 +4,12 @@
 #include <gtest/gtest.h>
 
 #include <functional>
-#include <new>
 
-#include "core/registry.h"
 #include "core/toolkit/client.h"
+#include "support/bare_packets.h"
 #include "support/failing_memory.h"
 #include "support/kinds.h"
+#include "support/slots.h"
 
 // The toolkit loses a node whose parent cannot grow to hold it, and the expat parser of an adapter
 // that cannot be made. None of this library's own allocations is among these.
@@ -22,30 +22,7 @@ extern "C" const char* __lsan_default_suppressions() {
 
 namespace {
 
-std::size_t slotsInUse() {
-  const xmpl::MetaRegistry& registry = xmpl::MetaRegistry::instance();
-  std::size_t used = 0;
-  for (std::size_t slot = 0; slot < registry.size(); ++slot) {
-    if (registry.holders(static_cast<std::int32_t>(slot)) > 0) ++used;
-  }
-  return used;
-}
-
 using Operation = std::function<void(XMPlib&)>;
-
-// Whether the operation came to its end, with memory for `passing` allocations.
-bool completes(long passing, Shortage shortage, const Operation& operation, XMPlib& xmp) {
-  bool thrown = false;
-  runOutAfter(passing, shortage);
-  try {
-    operation(xmp);
-  } catch (const std::bad_alloc&) {
-    thrown = true;
-  } catch (const XMP_Error&) {
-    thrown = true;
-  }
-  return !endShortage() && !thrown;
-}
 
 // Calls `check(passing)` for ever more memory until it answers true: it has been enough.
 template <class Check>
@@ -54,46 +31,33 @@ void withEverMoreMemory(Shortage shortage, const Check& check) {
   for (long passing = 0; !check(passing); passing += step(passing)) ASSERT_LT(passing, 100000);
 }
 
-void expectToSurvive(Shortage shortage, const std::string& packet, const Operation& operation) {
-  withEverMoreMemory(shortage, [&](long passing) {
-    const std::size_t used = slotsInUse();
-    XMPlib xmp;
-    xmp.SetXML(packet);
-    const bool completed = completes(passing, shortage, operation, xmp);
-    XMPlib probe;  // hangs if the lock is held
-    EXPECT_TRUE(probe.SetNrPages(1));
-    if (!xmp.SetNrPages(1)) {
-      EXPECT_EQ(xmp.ErrStr(), "Illegal XAP");  // a CreateXAP that failed
-      xmp.CreateXAP();
-      EXPECT_TRUE(xmp.SetNrPages(1));
-    }
-    EXPECT_FALSE(xmp.GetXML().empty()) << passing << ": " << xmp.ErrStr();
-    EXPECT_EQ(slotsInUse(), used + 2);
-    return completed;
-  });
-}
-
 void expectToSurvive(const std::string& packet, const Operation& operation) {
-  expectToSurvive(Shortage::once, packet, operation);
-  expectToSurvive(Shortage::forGood, packet, operation);
+  for (const Shortage shortage : {Shortage::once, Shortage::forGood}) {
+    withEverMoreMemory(shortage, [&](long passing) {
+      const std::size_t used = slotsInUse();
+      FromText xmp(packet);
+      const bool completed = completes<XMP_Error>(passing, shortage, [&] { operation(xmp); });
+      XMPlib probe;  // hangs if the lock is held
+      EXPECT_TRUE(probe.SetNrPages(1));
+      if (!xmp.SetNrPages(1)) {
+        EXPECT_EQ(xmp.ErrStr(), "Illegal XAP");  // a CreateXAP that failed
+        xmp.CreateXAP();
+        EXPECT_TRUE(xmp.SetNrPages(1));
+      }
+      EXPECT_FALSE(xmp.GetXML().empty()) << passing << ": " << xmp.ErrStr();
+      EXPECT_EQ(slotsInUse(), used + 2);
+      return completed;
+    });
+  }
 }
 
 // A value whose texts need memory of their own; references are a run.
 template <class Value>
 Value longTexts() {
-  Value value{};
-  visitFields(
-      value, [](auto& items) { items.resize(1); },
-      []<class Field>(Field& field) {
-        if constexpr (std::is_same_v<Field, bool>) field = true;
-        if constexpr (std::is_same_v<Field, std::string>) field = "beyond a small string";
-      });
-  if constexpr (std::is_same_v<Value, XMPlColorSpace>) value.colorprofloc = "PDFOutputIntent";
+  auto value = filled<Value>("beyond a small string");
   if constexpr (std::is_same_v<Value, std::vector<XMPlExtRef>>) {
-    value.resize(2);
-    for (std::size_t i = 0; i < value.size(); ++i) {
-      value[i] = {"file:/a folder/page_00" + std::to_string(i) + ".tif", "", 0, "image", 1};
-    }
+    value = {{"file:/a folder/page_000.tif", "", 0, "image", 1},
+             {"file:/a folder/page_001.tif", "", 0, "image", 1}};
   }
   return value;
 }
@@ -117,13 +81,10 @@ TEST(Allocation, FailsWithoutHarmInHandlesAndPackets) {
   expectToSurvive(filled, [](XMPlib& xmp) { xmp.GetXMLPacket(false, 0); });
   expectToSurvive(filled, [&](XMPlib& xmp) { xmp.MergeXML(filled, true); });
   expectToSurvive("", [&](XMPlib& xmp) { xmp.MergeXML({filled, filled}, 0, true); });
-  const std::string foreign =
-      "<rdf:RDF xmlns:rdf='http://www.w3.org/1999/02/22-rdf-syntax-ns#'>"
-      "<rdf:Description rdf:about='' xmlns:o='http://allocation.example/?a&amp;b'>"
-      "<o:a><rdf:Bag><rdf:li>1</rdf:li></rdf:Bag></o:a></rdf:Description></rdf:RDF>";
+  const std::string foreign = described("<o:a xmlns:o='http://allocation.example/?a&amp;b'/>" +
+                                        bagOf("<rdf:li>1</rdf:li>"));
   expectToSurvive(filled, [&](XMPlib& xmp) {
-    XMPlib other;
-    other.SetXML(foreign);
+    const FromText other(foreign);
     xmp.MergeNonOrvo(&other);
   });
   // Of some 5,000 rounds, no parser and no copy is lost.
@@ -141,44 +102,24 @@ TEST(Allocation, FailsWithoutHarmInRecords) {
     });
   });
   expectToSurvive("", [](XMPlib& xmp) { xmp.SetDocumentData({"", "now", "", "", "", ""}); });
-  expectToSurvive("", [](XMPlib& xmp) { xmp.SetPDFData(longTexts<XMPlPDFData>()); });
-  expectToSurvive("", [](XMPlib& xmp) { xmp.SetMMData(longTexts<XMPlMMData>()); });
-  expectToSurvive("", [](XMPlib& xmp) {
-    std::vector<XMPlMetaDataDigFilm> films(1);
-    films[0].screens.resize(2);
-    films[0].uRefs.resize(2);
-    xmp.SetMetaDataDigFilms(films);
-  });
-}
-
-TEST(Allocation, FailsWithoutHarmInMerges) {
   const std::string filled = filledPacket();
-  const auto merging = [&]<class List, class... Flag>(bool (XMPlib::*merge)(const List&, Flag...)) {
-    expectToSurvive(filled, [merge](XMPlib& xmp) {
-      List records = longTexts<List>();
-      records.emplace_back();  // a new one
-      (xmp.*merge)(records, Flag(true)...);
+  forEachWriter([&]<class Value>(const Kind<Value>& kind) {
+    expectToSurvive(filled, [&](XMPlib& xmp) {
+      auto value = longTexts<Value>();
+      if constexpr (requires { value.emplace_back(); }) value.emplace_back();  // new to a merge
+      kind.set(xmp, value);
     });
-  };
-  merging(&XMPlib::MergeInks);
-  merging(&XMPlib::MergeExtRefs);
-  merging(&XMPlib::MergeCadFiles);
-  merging(&XMPlib::MergeFonts);
-  merging(&XMPlib::MergeBarcodes);
-  merging(&XMPlib::MergeLayers);
+  });
 }
 
 TEST(Allocation, LeavesNoNamespaceHalfRegistered) {
   withEverMoreMemory(Shortage::once, [](long passing) {
     const std::string prefix = "half" + std::to_string(passing);
-    const std::string packet =
-        "<rdf:RDF xmlns:rdf='http://www.w3.org/1999/02/22-rdf-syntax-ns#'>"
-        "<rdf:Description rdf:about='' xmlns:" +
-        prefix + "='http://" + prefix + ".example/' " + prefix + ":a='1'/></rdf:RDF>";
+    const std::string text =
+        described("<" + prefix + ":a xmlns:" + prefix + "='http://" + prefix + ".example/'/>");
     XMPlib xmp;
-    const bool completed = completes(
-        passing, Shortage::once, [&](XMPlib& handle) { handle.SetXML(packet); }, xmp);
-    xmp.SetXML(packet);
+    const bool completed = completes<XMP_Error>(passing, Shortage::once, [&] { xmp.SetXML(text); });
+    xmp.SetXML(text);
     EXPECT_EQ(xmp.ErrStr(), "");
     EXPECT_TRUE(xmpl::Metadata::GetNamespaceURI(prefix.c_str(), nullptr)) << prefix;
     return completed;
@@ -187,39 +128,29 @@ TEST(Allocation, LeavesNoNamespaceHalfRegistered) {
 
 // What says that it has worked has the result that it has with memory.
 TEST(Allocation, ShortageNeverPassesForSuccess) {
-  const std::string filled = filledPacket();
-  const auto expectRight = [&](const std::string& before, const std::string& right,
-                               auto operation) {
+  const auto expectRight = [](const std::string& before, const std::string& right,
+                              const auto& operation) {
     for (const Shortage shortage : {Shortage::once, Shortage::forGood}) {
       withEverMoreMemory(shortage, [&](long passing) {
-        XMPlib xmp;
-        xmp.SetXML(before);
-        std::string result;
-        const auto attempt = [&](XMPlib& handle) { result = operation(handle) ? "done" : ""; };
-        const bool completed = completes(passing, shortage, attempt, xmp);
-        EXPECT_TRUE(result.empty() || xmp.GetXML() == right) << passing << xmp.GetXML();
+        FromText xmp(before);
+        bool isDone = false;
+        const bool completed =
+            completes<XMP_Error>(passing, shortage, [&] { isDone = operation(xmp); });
+        EXPECT_TRUE(!isDone || xmp.GetXML() == right) << passing << xmp.GetXML();
         return completed;
       });
     }
   };
-  XMPlib loaded;
-  loaded.SetXML(filled);
-  expectRight("", loaded.GetXML(), [&](XMPlib& xmp) {
-    xmp.SetXML(filled);
-    EXPECT_EQ(xmp.ErrStr().find("invalid argument"), std::string::npos);  // no parser was made
-    return xmp.ErrStr().empty();
-  });
   // Read as UTF-8 it would be two letters.
-  const std::string latin =
-      "<?xml version='1.0' encoding='ISO-8859-1'?>"
-      "<rdf:RDF xmlns:rdf='http://www.w3.org/1999/02/22-rdf-syntax-ns#'>"
-      "<rdf:Description rdf:about='' xmlns:latin='http://latin.example/' latin:a='\xC3\xA9'/>"
-      "</rdf:RDF>";
-  loaded.SetXML(latin);
-  expectRight("", loaded.GetXML(), [&](XMPlib& xmp) {
-    xmp.SetXML(latin);
-    return xmp.ErrStr().empty();
-  });
+  const std::string latin = "<?xml version='1.0' encoding='ISO-8859-1'?>" +
+                            described("<l:a xmlns:l='http://latin.example/'>\xC3\xA9</l:a>");
+  for (const std::string& text : {filledPacket(), latin}) {
+    expectRight("", FromText(text).GetXML(), [&](XMPlib& xmp) {
+      xmp.SetXML(text);
+      EXPECT_EQ(xmp.ErrStr().find("invalid argument"), std::string::npos);  // no parser was made
+      return xmp.ErrStr().empty();
+    });
+  }
   forEachKind([&]<class Value>(const Kind<Value>& kind) {
     XMPlib set;
     const auto value = longTexts<Value>();

@@ -8,12 +8,15 @@ namespace {
 const char* const kFields =
     "name type book vxname r g b attribute printingmethod opacity inknrsoriginal";
 
+const std::string kCurves =
+    "singlepressDGC autoplateDGCreq autoplateDGCLW autoplateDGCCT autopressDGCreq autopressDGCLW "
+    "autopressDGCCT totalDGCLW totalDGCCT gamma usedrefs ";
+
 std::string inks(const Items& items) { return list("vxGr:inks", "Seq", items); }
 
 std::vector<XMPlInkDigFilm> readFrom(const XMPlib& xmp) {
   std::vector<XMPlInkDigFilm> inks(9);
-  const bool any = xmp.GetInksDigFilm(inks);
-  EXPECT_EQ(any, !inks.empty());
+  EXPECT_TRUE(xmp.GetInksDigFilm(inks));
   return inks;
 }
 
@@ -51,10 +54,7 @@ TEST(FilmInks, LetToolkitErrorsOfReadingPass) {
   Loaded xmp(inks({elements("vxInk:", kFields), elements("vxInk:", "name type r=x")}));
   std::vector<XMPlInkDigFilm> read;
   EXPECT_THROW(xmp.GetInksDigFilm(read), XMP_Error);
-  EXPECT_EQ(xmp.ErrStr(), "");
-  read.at(0).type = "\xff";
-  EXPECT_FALSE(xmp.SetInksDigFilm(read, true));
-  EXPECT_EQ(xmp.ErrStr(), "Invalid UTF-8 sequence length");
+  EXPECT_EQ(read.size(), 1U);
 }
 
 TEST(DigitalJobRefs, AreReadFromAnotherNamespaceThanWritten) {
@@ -80,12 +80,11 @@ TEST(FilmMetadata, IsAStructureForEachSeparation) {
                                     "vdist hdist vscale hscale reverse=True scanlinedirection "
                                     "margtop margbot margleft margright");
   const std::string ink = elements("vxInk:", "name type attribute r g b opacity");
-  const std::string names =
-      "singlepressDGC autoplateDGCreq autoplateDGCLW autoplateDGCCT autopressDGCreq "
-      "autopressDGCLW autopressDGCCT totalDGCLW totalDGCCT gamma usedrefs dotshapereq dotshape "
-      "dotname frequencyreq frequency anglereq angle";
-  const std::string screen = elements("vxScreen:", names);
-  const std::string unnamed = elements("vxScreen:", swapped(names, "dotname", "dotname=13"));
+  const std::string screening =
+      "dotshapereq dotshape dotname frequencyreq frequency anglereq angle";
+  const std::string screen = elements("vxScreen:", kCurves + screening);
+  const std::string unnamed =
+      elements("vxScreen:", kCurves + swapped(screening, "dotname", "dotname=13"));
   const std::string ref = elements("vxUsedF:", "renditionClass instanceID pagenr");
   Loaded source(basic + scan + inks({ink + elements("vxInk:", "book vxname inknrsoriginal=8")}) +
                 list("vxScreenL:screens", "Bag", {screen, screen}) +

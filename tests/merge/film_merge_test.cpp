@@ -1,6 +1,5 @@
 #include <gtest/gtest.h>
 
-#include <algorithm>
 #include <regex>
 
 #include "core/toolkit/client.h"
@@ -48,15 +47,11 @@ std::string packetOf(const Film& film) {
   return text;
 }
 
-std::string storedOf(const std::string& text) {
-  XMPlib xmp;
-  xmp.SetXML(text);
-  return stored(xmp);
-}
+std::string storedOf(const std::string& text) { return stored(FromText(text)); }
 
 std::string merged(const std::vector<Film>& films, int mode) {
-  std::vector<std::string> packets(films.size());
-  std::transform(films.begin(), films.end(), packets.begin(), packetOf);
+  std::vector<std::string> packets;
+  for (const Film& film : films) packets.push_back(packetOf(film));
   XMPlib xmp;
   xmp.SetColorSpace({"wrong", "", ""});  // leaves an error text
   EXPECT_TRUE(xmp.MergeXML(packets, mode, true));

@@ -33,10 +33,12 @@ TEST(Barcodes, AreStoredWithTheFieldsThatAreGiven) {
 
 TEST(Barcodes, HaveTheirSizeInTheMagnificationWhereItExists) {
   Barcodes read;
-  Loaded xmp(barcodes({"Type Narrow=x Magnification=2 Ratio", "Type Ratio=3", "Code", "Type"}));
+  Loaded xmp(
+      barcodes({"Type Narrow=x Magnification=2 Ratio", "Type Ratio=3 Resolution", "Code", "Type"}));
   EXPECT_TRUE(xmp.GetBarcodes(read));
   ASSERT_EQ(read.size(), 2U);
   EXPECT_TRUE(read[0].useMagnification && !read[1].useMagnification);
+  EXPECT_FALSE(read[1].hasBarWidthReduction || read[1].hasDeviceCompensation);
   EXPECT_EQ(read[0].magnification * 10 + read[0].ratio, 21);
   EXPECT_EQ(read[1].narrow * 10 + read[1].ratio, 13);
 }

@@ -34,8 +34,7 @@ std::string curves(const std::vector<XMPlScreen>& screens) {
 std::string readFrom(const XMPlib& xmp) {
   std::vector<XMPlScreen> all(9), second(9);
   std::vector<std::vector<XMPlScreen>> groups(9);
-  const bool hasAll = xmp.GetScreens(all);
-  const bool hasSecond = xmp.GetScreens(second, 2);
+  const bool hasAll = xmp.GetScreens(all), hasSecond = xmp.GetScreens(second, 2);
   const bool hasGroups = xmp.GetScreenContainer(groups);
   const auto verdict = [](bool found, const auto& list) {
     return found == list.empty() ? " (false)" : "";
@@ -52,9 +51,8 @@ std::string readFrom(const XMPlib& xmp) {
 TEST(ScreenRecords, AreEqualAcrossTheAutomaticPlateCurves) {
   EXPECT_EQ(ignoredFields<XMPlScreen>(), "autoplateDGCLW hasScreening dotname");
   XMPlScreen a, b;
-  b.autoplateDGCLW = "A";
-  EXPECT_FALSE(b == a);
-  b.autoplateDGCreq = b.autoplateDGCCT = a.autoplateDGCreq = a.autoplateDGCLW = "A";
+  b.autoplateDGCLW = b.autoplateDGCreq = b.autoplateDGCCT = "A";
+  a.autoplateDGCreq = a.autoplateDGCLW = "A";
   EXPECT_TRUE(a == b);
   EXPECT_FALSE(b == a || a == a);
   a.autoplateDGCreq = b.autoplateDGCreq = "";
@@ -174,6 +172,10 @@ TEST(Screens, AreReadUpToTheFirstGroupThatYieldsNone) {
        "all 1 (false), second none, groups none: Invalid float string"},
   };
   for (const auto& [text, expected] : rows) EXPECT_EQ(readFrom(Loaded(text)), expected) << text;
+  const Loaded older("<vxScreenL:screens>x</vxScreenL:screens>");
+  std::vector<XMPlScreen> read;
+  EXPECT_FALSE(older.GetScreens(read));
+  EXPECT_EQ(older.ErrStr(), "Indexing applied to non-array");
 }
 
 TEST(ScreenContainer, HidesWhatIsBehindAnEmptyGroup) {

@@ -14,8 +14,7 @@ namespace {
 
 long residentKilobytes() {
   std::ifstream statm("/proc/self/statm");
-  long total = 0;
-  long resident = 0;
+  long total = 0, resident = 0;
   statm >> total >> resident;
   return resident * (sysconf(_SC_PAGESIZE) / 1024);
 }
@@ -27,13 +26,8 @@ std::string sample() {
   inks[0].name = "Leaf green, from the house colours";
   inks[0].coverageValid = true;
   xmp.SetInks(inks, true);
-  std::vector<XMPlExtRef> refs(3);
-  for (std::size_t i = 0; i < refs.size(); ++i) {
-    refs[i].instanceID = "file:/jobs/leaf_00" + std::to_string(i) + ".tif";
-    refs[i].type = "image";
-    refs[i].pagenr = 0;
-  }
-  xmp.SetExtRefs(refs);
+  xmp.SetExtRefs({{"file:/jobs/leaf_000.tif", "", 0, "image", 1},
+                  {"file:/jobs/leaf_001.tif", "", 0, "image", 1}});
   return xmp.GetXMLPacket(false, 0);
 }
 

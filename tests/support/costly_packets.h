@@ -2,39 +2,9 @@
 #pragma once
 
 #include <algorithm>
-#include <cstddef>
-#include <string>
 #include <vector>
 
-// Descriptions in bare RDF, with the namespaces that attacks use.
-inline std::string rdf(const std::string& descriptions) {
-  return "<rdf:RDF xmlns:rdf='http://www.w3.org/1999/02/22-rdf-syntax-ns#'"
-         " xmlns:dc='http://purl.org/dc/elements/1.1/' xmlns:atk='http://attack.example/'"
-         " xmlns:tiff='http://ns.adobe.com/tiff/1.0/' xmlns:pdf='http://ns.adobe.com/pdf/1.3/'>" +
-         descriptions + "</rdf:RDF>";
-}
-
-inline std::string described(const std::string& content,
-                             const std::string& attributes = "rdf:about=''") {
-  return rdf("<rdf:Description " + attributes + ">" + content + "</rdf:Description>");
-}
-
-// text("0"), text("1") and so on.
-template <class Text>
-std::string numbered(std::size_t count, Text text) {
-  std::string all;
-  for (std::size_t i = 0; i < count; ++i) all += text(std::to_string(i));
-  return all;
-}
-
-// As often as it fits.
-inline std::string repeated(const std::string& text, std::size_t bytes) {
-  return numbered(bytes / text.size(), [&](const std::string&) { return text; });
-}
-
-inline std::string bagOf(const std::string& items) {
-  return "<atk:l><rdf:Bag>" + items + "</rdf:Bag></atk:l>";
-}
+#include "support/bare_packets.h"
 
 // What the others are held against.
 inline std::string plainList(std::size_t bytes) {
@@ -95,26 +65,26 @@ inline std::vector<CostlyPacket> costlyPackets(std::size_t bytes) {
       "<rdf:li" + numbered(50, [](const std::string& i) { return " z:a" + i + "=''"; }) + "/>";
   const std::string longUri = "rdf:about='' xmlns:z='u:" + std::string(190, 'z') + "'";
   const std::string most = fields(2000), value = "<rdf:value>v</rdf:value>";
-  const std::string odd = "<atk:odd rdf:ID='i'/>";  // only the toolkit's reader takes it
   return {
       {"structures", described(bagOf(repeated(structure(most), bytes)))},
-      {"structures_not_plain", described(odd + bagOf(repeated(structure(most), bytes)))},
+      {"structures_not_plain", described(kNotPlain + bagOf(repeated(structure(most), bytes)))},
       {"alternating_fields", described(bagOf(repeated(structure(alternating(2000)), bytes)))},
       {"qualifiers", described(bagOf(repeated(structure(value + most), bytes)))},
-      {"qualifiers_not_plain", described(odd + bagOf(repeated(structure(value + most), bytes)))},
-      {"too_many_properties", described(odd + fields(bytes / 10))},
+      {"qualifiers_not_plain",
+       described(kNotPlain + bagOf(repeated(structure(value + most), bytes)))},
+      {"too_many_properties", described(kNotPlain + fields(bytes / 10))},
       {"distinct_names", described(bagOf(names))},
-      {"distinct_names_not_plain", described(odd + bagOf(names))},
+      {"distinct_names_not_plain", described(kNotPlain + bagOf(names))},
       {"alike_prefixes", described(bagOf(prefixes))},
       {"long_paths", described(buried)},
       {"long_uri", described(bagOf(repeated(attributes, bytes)), longUri)},
-      {"long_uri_not_plain", described(odd + bagOf(repeated(attributes, bytes)), longUri)},
+      {"long_uri_not_plain", described(kNotPlain + bagOf(repeated(attributes, bytes)), longUri)},
       {"values", described(structure(repeated("<rdf:value/>", bytes)))},
-      {"line_ends", described(odd + "<atk:p>" + std::string(bytes, '\n') + "</atk:p>")},
+      {"line_ends", described(kNotPlain + "<atk:p>" + std::string(bytes, '\n') + "</atk:p>")},
       {"controls", described("<atk:p atk:q='" + std::string(bytes, '\x01') + "'/>")},
       {"references", described("<atk:p>" + repeated("&amp;", bytes) + "</atk:p>")},
       {"one_prefix", described(bagOf(namespaces))},
-      {"comments", described(odd + repeated("<!---->", bytes))},
+      {"comments", described(kNotPlain + repeated("<!---->", bytes))},
       {"deep", described(bagOf(repeated("<rdf:li>" + repeated("<rdf:Bag><rdf:li>", 800) +
                                             repeated("</rdf:li></rdf:Bag>", 893) + "</rdf:li>",
                                         bytes)))},

@@ -60,26 +60,23 @@ bool endShortage() {
 
 #if XMPLIB_TEST_OWNS_MALLOC
 
+static void* noMemory() {
+  errno = ENOMEM;
+  return nullptr;
+}
+
 // operator new and strdup come here too.
 extern "C" {
 void* __libc_malloc(std::size_t size);                     // NOLINT(bugprone-reserved-identifier)
 void* __libc_calloc(std::size_t count, std::size_t size);  // NOLINT(bugprone-reserved-identifier)
 void* __libc_realloc(void* memory, std::size_t size);      // NOLINT(bugprone-reserved-identifier)
 
-void* malloc(std::size_t size) noexcept {
-  if (!failsNow()) return __libc_malloc(size);
-  errno = ENOMEM;
-  return nullptr;
-}
+void* malloc(std::size_t size) noexcept { return failsNow() ? noMemory() : __libc_malloc(size); }
 void* calloc(std::size_t count, std::size_t size) noexcept {
-  if (!failsNow()) return __libc_calloc(count, size);
-  errno = ENOMEM;
-  return nullptr;
+  return failsNow() ? noMemory() : __libc_calloc(count, size);
 }
 void* realloc(void* memory, std::size_t size) noexcept {
-  if (!failsNow()) return __libc_realloc(memory, size);
-  errno = ENOMEM;
-  return nullptr;
+  return failsNow() ? noMemory() : __libc_realloc(memory, size);
 }
 }
 

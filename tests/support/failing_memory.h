@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstddef>
+#include <new>
 
 enum class Shortage { once, forGood };
 
@@ -16,3 +17,18 @@ void runOutAfter(long passing, Shortage shortage);
 
 // Ends that. Answers whether an allocation has failed.
 bool endShortage();
+
+// Whether memory for so many is enough: nothing fails, and nothing is thrown.
+template <class ToolkitError, class Operation>
+bool completes(long passing, Shortage shortage, const Operation& operation) {
+  bool thrown = false;
+  runOutAfter(passing, shortage);
+  try {
+    operation();
+  } catch (const std::bad_alloc&) {
+    thrown = true;
+  } catch (const ToolkitError&) {
+    thrown = true;
+  }
+  return !endShortage() && !thrown;
+}

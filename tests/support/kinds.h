@@ -21,6 +21,7 @@ struct Kind {
   std::function<bool(XMPlib&, Value&)> get;
   std::function<bool(XMPlib&, const Value&)> set;
   bool keepsAll = true;  // a Get gives what was set
+  bool isMerge = false;  // answers true even where it fails
 };
 
 template <class Value, class Set>
@@ -86,5 +87,42 @@ void forEachKind(const Visit& visit) {
                                &X::SetDigitalFilmVersionDetailed},
       Kind<XMPlDimDatDigFilm>{passing<XMP_Error>(&X::GetDimDatDigFilm),
                               passing<XMP_Error>(&X::SetDimDatDigFilm)},
-      Kind<XMPlCadReg>{&X::GetCadReg, [](X& xmp, XMPlCadReg reg) { return xmp.SetCadReg(reg); }});
+      Kind<XMPlCadReg>{&X::GetCadReg, [](X& xmp, XMPlCadReg reg) { return xmp.SetCadReg(reg); }},
+      // Read from another namespace than written.
+      Kind<std::vector<XMPlUsedDigFilmRef>>{&X::GetUsedDigitalJobRefs, &X::SetUsedDigitalJobRefs,
+                                            false});
+}
+
+template <class List, class... Flag>
+Kind<List> merging(bool (XMPlib::*merge)(const List&, Flag...)) {
+  const auto set = [merge](XMPlib& xmp, const List& list) {
+    return (xmp.*merge)(list, Flag(true)...);
+  };
+  return {nullptr, set, false, true};
+}
+
+// The operations that only write, likewise.
+template <class Visit>
+void forEachWriter(const Visit& visit) {
+  using X = XMPlib;
+  const auto visitAll = [&](const auto&... writers) { (visit(writers), ...); };
+  visitAll(Kind<XMPlPDFData>{nullptr, &X::SetPDFData}, Kind<XMPlMMData>{nullptr, &X::SetMMData},
+           Kind<std::vector<XMPlMetaDataDigFilm>>{nullptr, &X::SetMetaDataDigFilms},
+           merging(&X::MergeInks), merging(&X::MergeExtRefs), merging(&X::MergeCadFiles),
+           merging(&X::MergeFonts), merging(&X::MergeBarcodes), merging(&X::MergeLayers));
+}
+
+// A value with something in every field, a list of one item.
+template <class Value>
+Value filled(const std::string& text = "new") {
+  Value value{};
+  visitFields(
+      value, [](auto& items) { items.resize(1); },
+      [&]<class Field>(Field& field) {
+        if constexpr (std::is_same_v<Field, std::string>) field = text;
+        if constexpr (!std::is_same_v<Field, std::string>) field = 1;
+      });
+  if constexpr (std::is_same_v<Value, XMPlColorSpace>) value.colorprofloc = "PDFOutputIntent";
+  if constexpr (std::is_same_v<Value, XMPlDimDatDigFilm>) value.basicOnly = false;
+  return value;
 }

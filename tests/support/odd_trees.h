@@ -1,77 +1,52 @@
 // Properties in any shape, right or wrong.
 #pragma once
 
-#include <iterator>
-#include <random>
-#include <string>
-#include <utility>
-#include <vector>
+#include "support/grammar.h"
 
 class OddTrees {
  public:
   using Names = std::vector<std::string>;
 
   // Structures have some of the fields.
-  OddTrees(unsigned seed, Names fields) : random_(seed), fields_(std::move(fields)) {}
+  OddTrees(unsigned seed, const Names& fields) : grammar_(rules(fields), 9, randomNumbers(seed)) {}
 
   std::string property(const std::string& name) {
-    return "<" + name + content(3) + "</" + name + ">";
+    return "<" + name + grammar_.text("content") + "</" + name + ">";
   }
 
-  std::size_t pick(std::size_t count) { return random_() % count; }
+  std::size_t pick(std::size_t count) { return grammar_.below(count); }
+  std::string oneOf(const Names& names) { return names[pick(names.size())]; }
 
  private:
-  // The rest of a start tag and the content: simple text, structure, qualified value or array.
-  std::string content(int depth) {
-    static const char* const kTexts[] = {"",     "A",      "12",   " -7 ", "2.5",        "1e3",
-                                         "True", "f",      "0x1F", "1,5",  "9999999999", "&amp;",
-                                         "nan",  "\u00e9", "+3",   "yes",  "1"};
-    static const char* const kLanguages[] = {"", "", " xml:lang='x-default'", " xml:lang='de'"};
-    const std::string language = kLanguages[pick(std::size(kLanguages))];
-    switch (depth == 0 ? pick(2) : pick(6)) {
-      case 0:
-        return " rdf:resource='file:a'>";
-      case 1:
-        return language + ">" + kTexts[pick(std::size(kTexts))];
-      case 2:
-        return language + " rdf:parseType='Resource'>" + structure(depth);
-      case 3:
-        return " rdf:parseType='Resource'><rdf:value" + content(depth - 1) +
-               "</rdf:value><dc:source>q</dc:source>";
-      default:
-        return language + ">" + array(depth);
-    }
+  // "content" is the rest of a start tag and what follows.
+  static Grammar::Rules rules(const Names& fields) {
+    std::string some;
+    for (const std::string& field : fields) some += "{field=" + field + "}";
+    return {
+        {"content",
+         {" rdf:resource='file:a'>",
+          "{language}>{text}",
+          "{language} rdf:parseType='Resource'>{structure}",
+          " rdf:parseType='Resource'><rdf:value{content}</rdf:value><dc:source>q</dc:source>",
+          {"{language}>{array}", 2}}},
+        {"flat content", {" rdf:resource='file:a'>", "{language}>{text}"}},
+        {"structure", {some.c_str()}},
+        {"field", {"", {"<%{content}</%>", 2}}},
+        {"array",
+         {"<rdf:Bag>{items}</rdf:Bag>", "<rdf:Seq>{items}</rdf:Seq>",
+          "<rdf:Alt>{items}</rdf:Alt>"}},
+        {"items", {"", "{item}", "{item}{item}", "{item}{item}{item}"}},
+        {"item",
+         {"<rdf:li{content}</rdf:li>", "<rdf:li xml:lang='x-default'>{text}</rdf:li>",
+          "<rdf:li rdf:parseType='Resource'>{structure}</rdf:li>"}},
+        {"language", {{"", 2}, " xml:lang='x-default'", " xml:lang='de'"}},
+        {"text", {{"{any text}", 2}, "{number}"}},
+        {"any text", {"", "A", "&amp;", "\u00e9", " True", "True", "FALSE", "f", "t", "yes"}},
+        {"number",
+         {"0", "1", "12", " -7 ", "+3", "2.5", "1e3", "1,5", "nan", "0x1F", "12a", "2147483647",
+          "-2147483648", "2147483648", "-99999999999999999999"}},
+    };
   }
 
-  std::string structure(int depth) {
-    std::string text;
-    for (const std::string& field : fields_) {
-      if (pick(3) != 0) text += "<" + field + content(depth - 1) + "</" + field + ">";
-    }
-    return text;
-  }
-
-  std::string array(int depth) {
-    static const char* const kKinds[] = {"Bag", "Seq", "Alt"};
-    const std::string kind = kKinds[pick(std::size(kKinds))];
-    std::string text = "<rdf:" + kind + ">";
-    for (std::size_t items = pick(4); items > 0; --items) {
-      text += "<rdf:li" + item(depth) + "</rdf:li>";
-    }
-    return text + "</rdf:" + kind + ">";
-  }
-
-  std::string item(int depth) {
-    switch (pick(3)) {
-      case 0:
-        return content(depth - 1);
-      case 1:
-        return " xml:lang='x-default'>" + std::to_string(pick(10));
-      default:
-        return " rdf:parseType='Resource'>" + structure(depth);
-    }
-  }
-
-  std::mt19937 random_;
-  Names fields_;
+  Grammar grammar_;
 };

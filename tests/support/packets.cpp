@@ -1,5 +1,7 @@
 #include "support/packets.h"
 
+#include <iconv.h>
+
 #include <algorithm>
 
 #include "core/namespaces.h"
@@ -13,6 +15,14 @@ std::string packet(const std::string& properties) {
     text += " xmlns:" + std::string(row.prefix) + "='" + row.uri + "'";
   }
   return text + ">" + properties + "</rdf:Description></rdf:RDF></x:xmpmeta>";
+}
+
+std::string alternative(const std::string& property, const Texts& texts) {
+  std::string items;
+  for (const auto& [language, text] : texts) {
+    items += "<rdf:li xml:lang=\"" + language + "\">" + text + "</rdf:li>";
+  }
+  return "<" + property + "><rdf:Alt>" + items + "</rdf:Alt></" + property + ">";
 }
 
 std::string elements(const std::string& prefix, const std::string& names) {
@@ -43,6 +53,16 @@ std::string list(const std::string& array, const std::string& kind, const Items&
   return text + "</rdf:" + kind + "></" + array + ">";
 }
 
+std::string utf16(const std::string& utf8, bool bigEndian) {
+  std::string narrow = utf8, wide(2 * utf8.size(), '\0');
+  char *in = narrow.data(), *out = wide.data();
+  std::size_t unread = narrow.size(), room = wide.size();
+  const iconv_t conversion = iconv_open(bigEndian ? "UTF-16BE" : "UTF-16LE", "UTF-8");
+  iconv(conversion, &in, &unread, &out, &room);
+  iconv_close(conversion);
+  return wide.substr(0, wide.size() - room);
+}
+
 std::string stored(const XMPlib& xmp) {
   const std::string xml = xmp.GetXML();
   const std::size_t open = xml.find('>', xml.find("<rdf:Description rdf:about=")) + 1;
@@ -54,4 +74,14 @@ std::string stored(const XMPlib& xmp) {
     text += line.erase(0, std::min(line.find_first_not_of(' '), line.size()));
   }
   return text;
+}
+
+int pagesOf(const XMPlib& xmp) {
+  int pages = 0;
+  return xmp.GetNrPages(pages) ? pages : -1;
+}
+
+std::string smartIdOf(const XMPlib& xmp) {
+  std::string id;
+  return xmp.GetSmartID(id) ? id : "none";
 }

@@ -35,8 +35,7 @@ class RandomTree {
   explicit RandomTree(unsigned seed) : random_(seed) {}
 
   void fill(XMP_Node& root) {
-    constexpr const char* kAbouts[] = {"", "", "uuid:1", "a&b", "\"/><a", "<\t>", "a>b"};
-    root.name = kAbouts[below(7)];
+    root.name = oneOf({"", "", "uuid:1", "a&b", "\"/><a", "<\t>", "a>b"});
     for (const auto& [prefix, uri] : schemas_) {
       if (below(3) == 0) continue;
       XMP_Node& schema = add(root.children, root, uri, kXMP_SchemaNode, prefix);
@@ -47,24 +46,21 @@ class RandomTree {
  private:
   unsigned below(unsigned limit) { return static_cast<unsigned>(random_() % limit); }
 
+  std::string oneOf(std::initializer_list<const char*> texts) {
+    return texts.begin()[below(static_cast<unsigned>(texts.size()))];
+  }
+
   std::string value() {
-    constexpr const char* kValues[] = {"",
-                                       "a",
-                                       "a & b < c > \"d\" 'e'",
-                                       "]]>",
-                                       "tab\tline\nreturn\r",
-                                       "\xC3\xA4\xE2\x82\xAC",
-                                       "sixteen bytes ab",
-                                       "thirty bytes and more of text & then some \"quoted\" ones",
-                                       " "};
-    return kValues[below(9)];
+    return oneOf({"", " ", "a", "a & b < c > \"d\" 'e'", "]]>", "tab\tline\nreturn\r",
+                  "\u00E4\u20AC", "sixteen bytes ab",
+                  "thirty bytes and more of text & then some \"quoted\" ones"});
   }
 
   void addNamed(XMP_Node& parent, std::string prefix) {
-    constexpr const char* kLocals[] = {"a", "b", "title", "RDF", "li", "type", "x\xC3\xA4", "c]"};
-    const unsigned local = below(200) == 0 ? below(8) : below(3);
     if (below(300) == 0 && (parent.options & kXMP_SchemaNode) == 0) prefix = "rdf:";
-    const std::string name = prefix + kLocals[local];
+    const std::string name =
+        prefix + (below(300) == 0 ? oneOf({"RDF", "li", "type", "x\u00E4", "c]"})
+                                  : oneOf({"a", "b", "title"}));
     for (const XMP_Node* child : parent.children) {
       if (child->name == name) return;
     }
@@ -97,12 +93,13 @@ class RandomTree {
   }
 
   void addQualifiers(XMP_Node& node, int depth) {
-    constexpr const char* kOdd[] = {"rdf:resource", "rdf:nodeID", "rdf:bagID", "rdf:about",
-                                    "rdf:li"};
     if (below(2) == 0) qualify(node, "xml:lang", "x-default");
     if (below(8) == 0) qualify(node, "rdf:type", value()).options |= kXMP_PropValueIsURI;
     if (below(20) == 0) qualify(node, "rdf:ID", "a");
-    if (below(10) == 0) qualify(node, kOdd[below(5)], "u?a&b");
+    if (below(10) == 0) {
+      qualify(node, oneOf({"rdf:resource", "rdf:nodeID", "rdf:bagID", "rdf:about", "rdf:li"}),
+              "u?a&b");
+    }
     if (below(2) == 0) fillNode(qualify(node, "stRef:q", ""), depth + 1);
     if (below(6) == 0) fillNode(qualify(node, "xmpMM:r", ""), depth + 1);
   }

@@ -11,7 +11,7 @@
 
 class ReadCounts {
  public:
-  explicit ReadCounts(const XMPlib& xmp, bool filmInks) : xmp_(xmp) {
+  ReadCounts(const XMPlib& xmp, bool filmInks) : xmp_(xmp), filmInks_(filmInks) {
     if (filmInks) {
       count<XMPlInkDigFilm>("vxGr:inks", &XMPlib::GetInksDigFilm);
     } else {
@@ -35,6 +35,19 @@ class ReadCounts {
 
   const std::map<std::string, std::size_t>& all() const { return counts_; }
 
+  // What cannot be: a list of which a Get reads another number than is told, or without a reason.
+  std::string disagreement() const {
+    std::vector<XMPlUnreadItems> lists;
+    const bool found = xmp_.GetUnreadItems(lists, filmInks_);
+    if (found == lists.empty()) return "what is found is not told";
+    for (const XMPlUnreadItems& list : lists) {
+      const auto read = counts_.find(list.list);
+      const bool isRead = read == counts_.end() || read->second == std::size_t(list.read);
+      if (!isRead || list.reason.empty()) return list.list + ": " + list.reason;
+    }
+    return "";
+  }
+
  private:
   template <class Record>
   void count(const char* list, bool (XMPlib::*get)(std::vector<Record>&) const) {
@@ -48,15 +61,15 @@ class ReadCounts {
   }
 
   void countGroups() {
-    const std::size_t looked = counts_["vxScreenC:screenContainer"] + 1;
-    for (std::size_t group = 1; group <= looked; ++group) {
+    const std::string container = "vxScreenC:screenContainer";
+    for (std::size_t group = 1; group <= counts_[container] + 1; ++group) {
       std::vector<XMPlScreen> screens;
       xmp_.GetScreens(screens, static_cast<int>(group));
-      counts_["vxScreenC:screenContainer[" + std::to_string(group) + "]/vxScreenL:screens"] =
-          screens.size();
+      counts_[container + "[" + std::to_string(group) + "]/vxScreenL:screens"] = screens.size();
     }
   }
 
   const XMPlib& xmp_;
+  const bool filmInks_;
   std::map<std::string, std::size_t> counts_;
 };

@@ -13,14 +13,12 @@
 
 inline void dumpTree(const XMP_Node& node, std::string& text) {
   text += node.name + "=" + node.value + "#" + std::to_string(node.options) + "{";
-  for (const XMP_Node* child : node.children) {
-    if (child->parent != &node) text += "(of another parent)";
-    dumpTree(*child, text);
-  }
-  text += "|";
-  for (const XMP_Node* qualifier : node.qualifiers) {
-    if (qualifier->parent != &node) text += "(of another parent)";
-    dumpTree(*qualifier, text);
+  for (const XMP_NodeOffspring* nodes : {&node.children, &node.qualifiers}) {
+    for (const XMP_Node* each : *nodes) {
+      if (each->parent != &node) text += "(of another parent)";
+      dumpTree(*each, text);
+    }
+    text += "|";
   }
   text += "}";
 }
@@ -82,4 +80,31 @@ inline Reading unguardedReading(const std::string& packet, xmpl::Metadata& metad
     metadata.ParseFromBuffer(packet.data(), static_cast<XMP_StringLen>(packet.size()), 0);
     return true;
   });
+}
+
+// A packet, read in every way. Nothing is read where its encoding is refused.
+struct Readings {
+  explicit Readings(const std::string& packet) {
+    try {
+      const xmpl::PacketText text(packet);
+      xmpl::Metadata byPlain, unlooked;
+      plain = plainReading(text, byPlain);
+      toolkit = toolkitReading(text, metadata);
+      const bool isGuarded = text.isAsDeclared() || toolkit.end == Reading::End::refused;
+      unguarded = isGuarded ? toolkit : unguardedReading(packet, unlooked);
+    } catch (const xmpl::PacketRefused&) {  // NOLINT(bugprone-empty-catch)
+    }
+  }
+
+  // The plain reader may leave a packet to the toolkit.
+  bool agree() const {
+    return (plain.end == Reading::End::notPlain || plain == toolkit) && toolkit == unguarded;
+  }
+
+  Reading plain, toolkit, unguarded;
+  xmpl::Metadata metadata;  // from the toolkit's reader
+};
+
+inline std::ostream& operator<<(std::ostream& out, const Readings& readings) {
+  return out << readings.plain << '\n' << readings.toolkit << '\n' << readings.unguarded;
 }

@@ -3,7 +3,9 @@
 
 #include <cmath>
 #include <functional>
+#include <iterator>
 #include <regex>
+#include <set>
 #include <tuple>
 
 #include "support/packets.h"
@@ -102,4 +104,23 @@ template <class Record>
 std::string changedFields(Record record) {
   Record none;
   return fieldsWhere(record, none, [](auto& field, auto& its) { return field != its; });
+}
+
+// Empty when a record that lacks one of `names` is read up to it, in that order.
+template <class Record>
+std::string notFilledUpToAGap(const char* prefix, const std::string& names,
+                              bool (XMPlib::*get)(Record&) const) {
+  const auto words = [](const std::string& text) {
+    std::istringstream stream(text);
+    return std::multiset<std::string>(std::istream_iterator<std::string>(stream), {});
+  };
+  std::istringstream all(names);
+  for (std::string missing, before; all >> missing;
+       before += ' ' + missing.substr(0, missing.find('='))) {
+    Record part;
+    const Loaded xmp(elements(prefix, swapped(names, missing)));
+    if ((xmp.*get)(part) || words(changedFields(part)) != words(before))
+      return missing + ": " + changedFields(part);
+  }
+  return "";
 }

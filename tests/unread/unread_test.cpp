@@ -5,7 +5,7 @@
 #include <random>
 #include <set>
 
-#include "support/packets.h"
+#include "support/kinds.h"
 #include "support/read_counts.h"
 
 namespace {
@@ -29,9 +29,9 @@ std::string itemsText(const XMPlib& xmp, bool filmInks = false) {
   return text;
 }
 
-std::string fieldsText(const XMPlib& xmp, bool filmInks = false) {
+std::string fieldsText(const XMPlib& xmp) {
   std::vector<XMPlUnreadField> rows;
-  const bool found = xmp.GetUnreadFields(rows, filmInks);
+  const bool found = xmp.GetUnreadFields(rows);
   EXPECT_EQ(found, !rows.empty());
   std::string text;
   for (const XMPlUnreadField& row : rows) {
@@ -133,9 +133,9 @@ TEST(Unread, FieldsThatNoRecordCovers) {
 TEST(Unread, HandleWithoutMetadata) {
   const Empty xmp;
   Rows items(1);
-  EXPECT_FALSE(xmp.GetUnreadItems(items));
-  EXPECT_EQ(xmp.ErrStr(), "Illegal XAP");
-  EXPECT_TRUE(items.empty());
+  std::vector<XMPlUnreadField> fields(1);
+  EXPECT_FALSE(xmp.GetUnreadItems(items) || xmp.GetUnreadFields(fields));
+  EXPECT_TRUE(items.empty() && fields.empty());
 }
 
 namespace {
@@ -143,31 +143,23 @@ namespace {
 // Three records in every list.
 std::string wholePacket(bool filmInks) {
   XMPlib xmp;
+  forEachKind([&]<class Value>(const Kind<Value>& kind) {
+    constexpr bool isFilms = std::is_same_v<Value, std::vector<XMPlInkDigFilm>>;
+    constexpr bool isInks = isFilms || std::is_same_v<Value, std::vector<XMPlInk>>;
+    if (!kind.keepsAll || (isInks && isFilms != filmInks)) return;
+    auto value = filled<Value>();
+    if constexpr (requires { value.emplace_back(); }) value.resize(3, value[0]);
+    kind.set(xmp, value);
+  });
   XMPlScreen screen;
   screen.hasScreening = true;
-  if (filmInks) {
-    xmp.SetInksDigFilm(std::vector<XMPlInkDigFilm>(3), true);
-  } else {
-    xmp.SetInks(std::vector<XMPlInk>(3), true);
-  }
-  xmp.SetInkProperties(std::vector<XMPlInkProperty>(3));
-  xmp.SetDgcs(std::vector<XMPlDgcc>(3, {"curve", {0, 50, 100}}));
   xmp.SetScreenContainer({{screen, {}, screen}, {screen}, {{}, {}}});
-  xmp.SetUsedRefs(std::vector<XMPlUsedRef>(3));
-  xmp.SetExtRefs(std::vector<XMPlExtRef>(3), true);
-  xmp.SetCadFiles(std::vector<XMPlExtRef>(3));
-  xmp.SetFonts(std::vector<XMPlFont>(3));
-  xmp.SetBarcodes(std::vector<XMPlBarcode>(3));
-  xmp.SetLayers(std::vector<XMPlLay>(3));
-  xmp.SetPagRanges(std::vector<XMPlPagRange>(3, {1, 2, {1, 2, 3}}));
-  xmp.SetSmartNames(std::vector<XMPlSmartName>(3));
   xmp.SetRepeats({{"die"}, {"grid"}, {"other"}});
   return xmp.GetXML();
 }
 
 std::string strangeField(int number) {
-  const std::string name = "s:field" + std::to_string(number);
-  return "<" + name + " xmlns:s='http://s.example/'>s</" + name + ">";
+  return "<s:field" + std::to_string(number) + " xmlns:s='http://s.example/'/>";
 }
 
 // Fields taken out, values made unreadable, strange fields put in: a line is a field.
@@ -178,15 +170,11 @@ std::string damaged(const std::string& whole, std::mt19937& random) {
   const auto oneIn = 20 + random() % 300;
   for (std::string line; std::getline(lines, line);) {
     const std::size_t open = line.find('>'), close = line.find("</");
-    const bool isField = line.find("<vx") != std::string::npos &&
-                         line.find('/') != std::string::npos &&
-                         line.find("</vx") != line.find("<vx");
-    if (isField && random() % oneIn == 0) {
-      const auto damage = random() % 3;
-      if (damage == 0) continue;
-      if (damage == 1 && close != std::string::npos) line.replace(open + 1, close - open - 1, "?");
-      if (damage == 2) line += strangeField(++strange);
-    }
+    const bool isField = line.find("<vx") != line.npos && line.find('/') != line.npos;
+    const auto damage = isField && random() % oneIn == 0 ? random() % 3 : 3;
+    if (damage == 0) continue;
+    if (damage == 1 && close != line.npos) line.replace(open + 1, close - open - 1, "?");
+    if (damage == 2) line += strangeField(++strange);
     text += line + "\n";
   }
   return text;
@@ -200,17 +188,13 @@ TEST(Unread, NeverDisagreesWithTheGets) {
   for (int round = 0; round < 600; ++round) {
     const bool filmInks = round % 2 == 1;
     static const std::string kWhole[] = {wholePacket(false), wholePacket(true)};
-    XMPlib xmp;
-    xmp.SetXML(damaged(kWhole[filmInks], random));
+    FromText xmp(damaged(kWhole[filmInks], random));
     ASSERT_EQ(xmp.ErrStr(), "");
-    ReadCounts counts(xmp, filmInks);
+    const ReadCounts counts(xmp, filmInks);
+    ASSERT_EQ(counts.disagreement(), "");
     std::set<std::string> unread;
     for (const XMPlUnreadItems& row : unreadItems(xmp, filmInks)) {
-      ASSERT_NE(row.reason, "") << row.list;
       ASSERT_TRUE(unread.insert(row.list).second) << row.list;
-      const auto found = counts.all().find(row.list);
-      if (found == counts.all().end()) continue;
-      ASSERT_EQ(static_cast<std::size_t>(row.read), found->second) << row.list;
     }
     damagedLists += unread.size();
     for (const auto& [list, read] : counts.all()) {
@@ -226,8 +210,7 @@ TEST(Unread, NothingIsLeftAfterAGetAndSet) {
   std::mt19937 random(2);
   static const std::string kWhole = wholePacket(false);
   for (int round = 0; round < 200; ++round) {
-    XMPlib xmp;
-    xmp.SetXML(damaged(kWhole, random));
+    FromText xmp(damaged(kWhole, random));
     std::vector<XMPlFont> fonts;
     std::vector<XMPlInk> inks;
     std::vector<std::vector<XMPlScreen>> groups;

@@ -1,34 +1,14 @@
 // The plain reader reads what the toolkit reads, and refuses what the guard refuses there.
-#include "core/packet/plain_reader.h"
-
 #include <gtest/gtest.h>
-
-#include <filesystem>
-#include <fstream>
-#include <iterator>
 
 #include "support/packets.h"
 #include "support/random_packets.h"
 #include "support/readings.h"
-
-using namespace xmpl;
+#include "support/samples.h"
 
 namespace {
 
 using End = Reading::End;
-
-// Every packet in a file.
-std::vector<std::string> packetsIn(const std::filesystem::path& path) {
-  std::ifstream file(path, std::ios::binary);
-  const std::string bytes{std::istreambuf_iterator<char>(file), {}};
-  std::vector<std::string> packets;
-  for (std::size_t begin = 0;; ++begin) {
-    begin = bytes.find("<?xpacket begin=", begin);
-    const std::size_t trailer = bytes.find("<?xpacket end=", begin);
-    if (trailer == bytes.npos) return packets;
-    packets.push_back(bytes.substr(begin, bytes.find("?>", trailer) + 2 - begin));
-  }
-}
 
 class PlainReader : public testing::Test {
   XMPlib startsTheToolkit_;
@@ -42,22 +22,10 @@ TEST_F(PlainReader, ReadsWhatTheToolkitReads) {
   constexpr int kPackets = 10000;
   for (int i = 0; i < kPackets; ++i) {
     const std::string packet = packets.next();
-    std::optional<PacketText> text;
-    try {
-      text.emplace(packet);
-    } catch (const PacketRefused&) {  // an encoding
-      continue;
-    }
-    Metadata first, second, third;
-    const Reading byPlain = plainReading(*text, first);
-    const Reading byToolkit = toolkitReading(*text, second);
-    if (byPlain.end != End::notPlain) {
-      ++plain;
-      ASSERT_EQ(byPlain, byToolkit) << packet;
-    }
-    if (text->isAsDeclared() || byToolkit.end == End::refused) continue;
-    ASSERT_EQ(byToolkit, unguardedReading(packet, third)) << packet;
-    if (byToolkit.end == End::error) ++errors;
+    const Readings readings(packet);
+    ASSERT_TRUE(readings.agree()) << packet << readings;
+    if (readings.plain.end != End::notPlain) ++plain;
+    if (readings.unguarded.end == End::error) ++errors;
   }
   EXPECT_GT(plain, kPackets / 10);
   EXPECT_GT(errors, kPackets / 10);
@@ -80,9 +48,7 @@ TEST_F(PlainReader, TakesWhatRealPacketsHold) {
       "</vxPagL:pagelist>",
   };
   for (const char* properties : kProperties) {
-    const std::string text = packet(properties);
-    Metadata metadata;
-    EXPECT_EQ(plainReading(PacketText(text), metadata).end, End::read) << properties;
+    EXPECT_EQ(Readings(packet(properties)).plain.end, End::read) << properties;
   }
 }
 
@@ -95,30 +61,20 @@ TEST_F(PlainReader, LeavesNamesThatNamespacesForbidToTheToolkit) {
       "<vxGr:a:/>", "<a xmlns:xmlns='u'/>", "<a xmlns:a=''/>",
   };
   for (const char* properties : kProperties) {
-    const std::string text = packet(properties);
-    Metadata first, second;
-    const Reading byPlain = plainReading(PacketText(text), first);
-    EXPECT_EQ(byPlain.end, End::notPlain) << properties << byPlain;
-    EXPECT_NE(toolkitReading(PacketText(text), second).end, End::refused) << properties;
+    const Readings readings(packet(properties));
+    EXPECT_EQ(readings.plain.end, End::notPlain) << properties << readings;
+    EXPECT_NE(readings.toolkit.end, End::refused) << properties;
   }
 }
 
 // Real files of many kinds. Most of what they hold is plain: that is what the reader is for.
 TEST_F(PlainReader, TakesMostOfTheSamples) {
-  int plain = 0, all = 0;
-  for (const auto& file : std::filesystem::recursive_directory_iterator(XMPLIB_TEST_SAMPLES)) {
-    if (!file.is_regular_file()) continue;
-    for (const std::string& packet : packetsIn(file.path())) {
-      const PacketText text(packet);
-      Metadata first, second;
-      const Reading byPlain = plainReading(text, first);
-      ++all;
-      if (byPlain.end == End::notPlain) continue;
-      ++plain;
-      EXPECT_EQ(byPlain, toolkitReading(text, second)) << file.path();
-    }
+  const std::vector<std::string> packets = samplePackets();
+  std::size_t plain = 0;
+  for (const std::string& packet : packets) {
+    const Readings readings(packet);
+    EXPECT_TRUE(readings.agree()) << packet << readings;
+    if (readings.plain.end != End::notPlain) ++plain;
   }
-  RecordProperty("plain", plain);
-  RecordProperty("all", all);
-  EXPECT_GT(plain * 10, all * 9);
+  EXPECT_GT(plain * 10, packets.size() * 9);
 }

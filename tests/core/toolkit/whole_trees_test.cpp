@@ -79,9 +79,9 @@ TEST(WholeTrees, AreWalkedAndMergedAsTheToolkitDoes) {
   RandomPackets packets(5);
   int merged = 0, errors = 0;
   for (int i = 0; i < 4000; ++i) {
-    Metadata first, second;
-    if (toolkitReading(PacketText(packets.next()), first).end != Reading::End::read) continue;
-    if (toolkitReading(PacketText(packets.next()), second).end != Reading::End::read) continue;
+    const Readings one(packets.next()), other(packets.next());
+    const Metadata &first = one.metadata, &second = other.metadata;
+    if (one.toolkit.end != Reading::End::read || other.toolkit.end != Reading::End::read) continue;
     if (byNodes(first).size() != byIterator(first).size() || hasAliases(first)) continue;
     ASSERT_EQ(byNodes(first), byIterator(first)) << treeOf(first);
     const std::string byPath = outcome(second, [&](Metadata& to) { copyByPath(first, to); });
