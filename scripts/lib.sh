@@ -89,6 +89,9 @@ need_toolkit() {
 }
 
 # Everything a build needs.
+# What the tool vxmeta needs beside.
+tool_packages="libcli11-dev nlohmann-json3-dev libfmt-dev libqpdf-dev libexempi-dev pkg-config"
+
 need_build_tools() {
   need_packages g++ cmake ninja-build dpkg-dev libexpat1-dev "$@"
   need_toolkit

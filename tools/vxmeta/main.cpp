@@ -1,0 +1,11 @@
+// The commands' wiring.
+#include "commands/commands.h"
+
+int main(int argc, char** argv) {
+  CLI::App app("Shows, checks, compares and changes the production metadata of documents", "vxmeta");
+  app.require_subcommand(1);
+  vxmeta::Run run;
+  vxmeta::addExtract(app, run);
+  CLI11_PARSE(app, argc, argv);
+  return run.exitCode;
+}
