@@ -17,6 +17,11 @@ struct Run {
   int exitCode = kDone;
 };
 
+void addShow(CLI::App& app, Run& run);
+void addJson(CLI::App& app, Run& run);
+void addGet(CLI::App& app, Run& run);
+void addDiff(CLI::App& app, Run& run);
 void addExtract(CLI::App& app, Run& run);
+void addSchema(CLI::App& app, Run& run);
 
 }  // namespace vxmeta
