@@ -95,7 +95,7 @@ Type describe<Document>() {
           VXMETA_FIELD(product, "the product, and the part of it, that the document makes"),
           VXMETA_FIELD(document, "the document's own data"),
           VXMETA_FIELD(version, "the version of the document"),
-          VXMETA_FIELD(baseDocument, "the document that this one was derived from"),
+          VXMETA_FIELD(baseDocument, "the document that this one was derived from").dateOrId(),
           VXMETA_FIELD(page, "dimensions of the page"),
           VXMETA_FIELD(film, "data of a digital film"),
           VXMETA_FIELD(colorSpace, "the colour profile that describes the document's colours"),

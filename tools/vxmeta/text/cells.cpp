@@ -93,6 +93,25 @@ std::string shownWithUnit(const View& record, const Field& field) {
   return unit.empty() ? value : value + " " + unit;
 }
 
+std::string shortOf(const View& value) {
+  if (value.is(Kind::list) && value.type->item->kind >= Kind::record) {
+    return fmt::format("{} item{}", value.size(), value.size() == 1 ? "" : "s");
+  }
+  if (!value.is(Kind::record)) {
+    const std::string shown = shownValue(value);
+    return shown.empty() ? "\"\"" : shown;
+  }
+  std::string shown;
+  for (const Field& field : value.type->fields) {
+    const bool isLeftOut =
+        !field.isStored || isFlag(*value.type, field) ||
+        isSame(value.field(field), View::defaultOf(*value.type, field));
+    const std::string text = isLeftOut ? "" : shownWithUnit(value, field);
+    if (!text.empty()) shown += fmt::format("{}{} {}", shown.empty() ? "" : " · ", field.name, text);
+  }
+  return shown;
+}
+
 bool isFlag(const Type& record, const Field& field) {
   return std::any_of(record.fields.begin(), record.fields.end(), [&](const Field& other) {
     return other.validWith == field.name || other.validWithout == field.name;

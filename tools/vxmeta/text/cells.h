@@ -20,6 +20,10 @@ std::string shownField(const View& record, const Field& field);
 // As above, with its unit behind it.
 std::string shownWithUnit(const View& record, const Field& field);
 
+// A value in one line: of a record the fields that say something, of a list of records their number;
+// "" for an empty text.
+std::string shortOf(const View& value);
+
 // Whether the field only says whether others are valid: their blanks say so where people read.
 bool isFlag(const Type& record, const Field& field);
 

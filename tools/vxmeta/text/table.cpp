@@ -36,11 +36,11 @@ class Formatter {
     std::vector<Cell> headings;
     bool isHeaded = false;
     for (const Column& column : table_.columns) {
-      headings.push_back({column.heading, {}});
+      headings.push_back({column.heading, {}, Style::dim});
       isHeaded = isHeaded || !column.heading.empty();
     }
-    std::string text = isHeaded ? line(headings, Style::dim) : "";
-    for (const std::vector<Cell>& row : table_.rows) text += line(row, Style::plain);
+    std::string text = isHeaded ? line(headings) : "";
+    for (const std::vector<Cell>& row : table_.rows) text += line(row);
     return text;
   }
 
@@ -90,19 +90,18 @@ class Formatter {
     }
   }
 
-  std::string line(const std::vector<Cell>& cells, Style style) {
+  std::string line(const std::vector<Cell>& cells) {
     Line line(screen_);
     std::size_t pending = indent_;
     for (std::size_t c = 0; c < cells.size(); ++c) {
       if (widths_[c] == 0) continue;
-      pending = put(line, cells[c], c, pending, style) + kGap;
+      pending = put(line, cells[c], c, pending) + kGap;
     }
     return line.end();
   }
 
   // Blanks come with the next cell, so that no line ends in any. Answers those that are left.
-  std::size_t put(Line& line, const Cell& cell, std::size_t column, std::size_t before,
-                  Style style) {
+  std::size_t put(Line& line, const Cell& cell, std::size_t column, std::size_t before) {
     const std::size_t room = widths_[column] - (cell.swatch ? kSwatch : 0);
     const std::string text = cutTo(cell.text, room);
     const std::size_t left = room - vxmeta::widthOf(text);
@@ -110,7 +109,7 @@ class Formatter {
     const bool isRight = table_.columns[column].isNumeric;
     line.add(Style::plain, std::string(before + (isRight ? left : 0), ' '));
     if (cell.swatch) line.swatch(*cell.swatch).add(Style::plain, " ");
-    line.add(style, text);
+    line.add(cell.style, text);
     return isRight ? 0 : left;
   }
 

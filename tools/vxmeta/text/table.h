@@ -19,6 +19,7 @@ struct Rgb {
 struct Cell {
   std::string text;           // visible text
   std::optional<Rgb> swatch;  // a patch of the colour, in front of the text
+  Style style = Style::plain;
 };
 
 struct Column {

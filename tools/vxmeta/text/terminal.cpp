@@ -74,6 +74,10 @@ const char* codeOf(Style style) {
       return "\x1b[2m";
     case Style::warning:
       return "\x1b[33m";
+    case Style::added:
+      return "\x1b[32m";
+    case Style::removed:
+      return "\x1b[31m";
     default:
       return "";
   }

@@ -34,7 +34,7 @@ std::string cutTo(std::string_view text, std::size_t width);
 // Makes text wide and combining characters measurable. Once, before anything is measured.
 void startMeasuring();
 
-enum class Style { plain, bold, dim, warning };
+enum class Style { plain, bold, dim, warning, added, removed };
 
 // In the style, where the screen has colours.
 std::string styled(const Screen& screen, Style style, std::string_view text);
