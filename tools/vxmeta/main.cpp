@@ -6,6 +6,7 @@
 #include <exception>
 
 #include "commands/commands.h"
+#include "commands/help.h"
 #include "text/terminal.h"
 
 namespace {
@@ -24,11 +25,17 @@ int afterPrinting(int exitCode) {
   return vxmeta::kTrouble;
 }
 
+std::string usageMessage(const CLI::App& app, const CLI::ParseError& error) {
+  const std::vector<std::string> rest = app.remaining();
+  const bool isUnknown = app.get_subcommands().empty() && !rest.empty();
+  return isUnknown ? fmt::format("there is no command or option '{}'", rest[0]) : error.what();
+}
+
 int usageError(const CLI::App& app, const CLI::ParseError& error) {
-  fmt::print(stderr, "vxmeta: {}\n", vxmeta::visible(error.what()));
+  fmt::print(stderr, "vxmeta: {}\n", vxmeta::visible(usageMessage(app, error)));
   const auto chosen = app.get_subcommands();
-  fmt::print(stderr, "see: vxmeta {}{}--help\n", chosen.empty() ? "" : chosen[0]->get_name(),
-             chosen.empty() ? "" : " ");
+  const std::string command = chosen.empty() ? "" : chosen[0]->get_name() + " ";
+  fmt::print(stderr, "see: vxmeta {}--help\n", command);
   return vxmeta::kTrouble;
 }
 
@@ -49,12 +56,14 @@ int main(int argc, char** argv) {
   vxmeta::startMeasuring();
   try {
     CLI::App app("Shows, checks and compares the production metadata of documents.", "vxmeta");
+    app.formatter(std::make_shared<vxmeta::HelpFormatter>());
     app.require_subcommand(1);
-    app.set_version_flag("--version", versions);
+    app.set_version_flag("--version", versions, "Show the versions of the tool and its library");
     app.set_help_flag("-h,--help", "Show this help");
     app.get_formatter()->column_width(26);
     app.footer(
-        "Exit codes: 0 done, 1 the answer is no, 2 trouble. Of a command: vxmeta COMMAND --help");
+        "Exit codes: 0 done, 1 the answer is no, 2 trouble. vxmeta COMMAND --help tells more.\n"
+        "Example: vxmeta show carton.pdf");
     vxmeta::Run state;
     vxmeta::addShow(app, state);
     vxmeta::addJson(app, state);

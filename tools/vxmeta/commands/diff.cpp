@@ -104,8 +104,8 @@ Outcome compared(const Options& options) {
   const std::optional<Document> after = read(options.after, options, outcome);
   if (!before || !after) return outcome;
   const std::vector<Change> changes = compare(*before, *after, options.isSemantic);
-  outcome.out = options.isJson ? jsonOf(changes, options)
-                               : textOf(changes, screenOf(options.colours));
+  outcome.out =
+      options.isJson ? jsonOf(changes, options) : textOf(changes, screenOf(options.colours));
   outcome.exitCode = changes.empty() ? kDone : kNo;
   return outcome;
 }

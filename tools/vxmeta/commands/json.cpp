@@ -49,7 +49,7 @@ void addJson(CLI::App& app, Run& run) {
   addJobsOption(*command, options->inputs);
   command->footer(
       "A file that cannot be read becomes {\"vxmeta\":1,\"file\":...,\"error\":...}; the others go "
-      "on, and the exit code is 2.\n"
+      "on, and the exit code is 2.\n\n"
       "Example: vxmeta json *.pdf | jq -r 'select(.job.orderid == \"2026-1121\").file'");
   command->callback([&run, options] {
     run.exitCode = forEachFile(options->files, options->inputs,

@@ -1,5 +1,6 @@
 // vxmeta show
 #include <fmt/format.h>
+#include <unistd.h>
 
 #include "commands/inputs.h"
 #include "commands/screen_option.h"
@@ -58,6 +59,12 @@ Outcome shown(const std::string& file, const Options& options, const Screen& scr
   return outcome;
 }
 
+void useStdinWithoutFiles(std::vector<std::string>& files) {
+  if (!files.empty()) return;
+  if (isatty(STDIN_FILENO) == 1) throw CLI::ValidationError("show", "no FILE is given");
+  files = {"-"};
+}
+
 }  // namespace
 
 void addShow(CLI::App& app, Run& run) {
@@ -83,7 +90,7 @@ void addShow(CLI::App& app, Run& run) {
     for (const std::string& section : options->sections) {
       if (!isAll(*options)) parsePath(section, typeOf<Document>());
     }
-    if (options->files.empty()) options->files = {"-"};
+    useStdinWithoutFiles(options->files);
     const Screen screen = screenOf(options->colours);
     run.exitCode = forEachFile(options->files, options->inputs, [&](const std::string& file) {
       return shown(file, *options, screen);

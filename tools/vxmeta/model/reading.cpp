@@ -70,8 +70,10 @@ void Reading::noteError(const std::string& path, std::string reason) {
 }
 
 const StoredProperties& Reading::stored() {
-  if (!stored_) stored_ = readStored(xmp_.GetXML());
-  return *stored_;
+  if (stored_) return *stored_;
+  const std::string& xml = xmp_.GetXML();
+  if (xml.empty()) throw FileError("the metadata cannot be looked through: " + xmp_.ErrStr());
+  return stored_.emplace(readStored(xml));
 }
 
 bool Reading::isLossless(bool asFilmInks) const {
@@ -126,12 +128,11 @@ std::vector<ForeignSchema> Reading::foreign() {
 void Reading::noteIncompleteRecords() {
   XMPlDimDat page;
   XMPlDimDatDigFilm film;
-  XMPlCadReg registration;
+  bool isRead = false;
+  (void)errorOf([&] { isRead = xmp_.GetDimDat(page) || xmp_.GetDimDatDigFilm(film); });
   const auto note = [&](UnreadPart part) {
     if (*part.stored > 0 && !part.reason->empty()) errors_.push_back(std::move(part));
   };
-  const bool isRead = call("page", &XMPlib::GetDimDat, page) ||
-                      call("film.dimensions", &XMPlib::GetDimDatDigFilm, film);
   if (!isRead) note(partOf(stored(), "page", "vxGr:", typeOf<XMPlDimDat>()));
   note(partOf(stored(), "cadRegistration", "vxCadReg:", typeOf<XMPlCadReg>()));
 }

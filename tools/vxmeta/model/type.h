@@ -34,6 +34,7 @@ struct Field {
   bool isStored = true;                 // false: no operation of the library reads or writes it
   bool isOrdered = true;                // of a list: the order of the items means something
   bool isDateOrId = false;              // says when or which, not what
+  bool isDetail = false;                // of an item of a list: not for a summary
 
   Field in(std::string_view word) && { return unit = word, *this; }
   Field inUnitsOf(std::string_view field) && { return unitField = field, *this; }
@@ -44,6 +45,7 @@ struct Field {
   Field unstored() && { return isStored = false, *this; }
   Field unordered() && { return isOrdered = false, *this; }
   Field dateOrId() && { return isDateOrId = true, *this; }
+  Field detail() && { return isDetail = true, *this; }
 };
 
 // A type is made once and lives as long as the process: compare by address.
@@ -60,6 +62,7 @@ struct Type {
   const Type* item = nullptr;
   std::size_t (*size)(const void* list) = nullptr;
   const void* (*at)(const void* list, std::size_t index) = nullptr;
+  void* (*slot)(void* list, std::size_t index) = nullptr;
   void* (*append)(void* list) = nullptr;
   void (*clear)(void* list) = nullptr;
 
@@ -154,6 +157,7 @@ Type makeType(const std::vector<Item>*) {
   type.at = [](const void* list, std::size_t i) -> const void* {
     return &(*static_cast<const List*>(list))[i];
   };
+  type.slot = [](void* list, std::size_t i) -> void* { return &(*static_cast<List*>(list))[i]; };
   type.append = [](void* list) -> void* { return &static_cast<List*>(list)->emplace_back(); };
   type.clear = [](void* list) { static_cast<List*>(list)->clear(); };
   return type;
@@ -171,6 +175,7 @@ Type makeType(const std::optional<Item>*) {
   type.at = [](const void* value, std::size_t) -> const void* {
     return &**static_cast<const Optional*>(value);
   };
+  type.slot = [](void* value, std::size_t) -> void* { return &**static_cast<Optional*>(value); };
   type.append = [](void* value) -> void* { return &static_cast<Optional*>(value)->emplace(); };
   type.clear = [](void* value) { static_cast<Optional*>(value)->reset(); };
   return type;

@@ -40,18 +40,19 @@ std::string headingOf(const Field& field) {
 }
 
 bool isNumeric(const Type& type) {
+  if (type.kind == Kind::optional) return isNumeric(*type.item);
   return type.kind == Kind::integer || type.kind == Kind::longInteger || type.kind == Kind::real;
 }
 
-bool isColumn(const Type& record, const Field& field) {
-  return field.isStored && !isFlag(record, field) &&
+bool isColumn(const Type& record, const Field& field, bool isSummary) {
+  return field.isStored && !(isSummary && field.isDetail) && !isFlag(record, field) &&
          !(hasColour(record) && isColourPart(field) && field.name != kColour[0]);
 }
 
-std::vector<Cell> cellsOf(const View& record, std::size_t index, double scale) {
+std::vector<Cell> cellsOf(const View& record, std::size_t index, double scale, bool isSummary) {
   std::vector<Cell> cells = {{std::to_string(index), {}}};
   for (const Field& field : record.type->fields) {
-    if (!isColumn(*record.type, field)) continue;
+    if (!isColumn(*record.type, field, isSummary)) continue;
     const bool isColour = hasColour(*record.type) && isColourPart(field);
     cells.push_back(isColour ? colourCell(record, scale) : Cell{shownField(record, field), {}});
   }
@@ -103,11 +104,11 @@ std::string shortOf(const View& value) {
   }
   std::string shown;
   for (const Field& field : value.type->fields) {
-    const bool isLeftOut =
-        !field.isStored || isFlag(*value.type, field) ||
-        isSame(value.field(field), View::defaultOf(*value.type, field));
+    const bool isLeftOut = !field.isStored || isFlag(*value.type, field) ||
+                           isSame(value.field(field), View::defaultOf(*value.type, field));
     const std::string text = isLeftOut ? "" : shownWithUnit(value, field);
-    if (!text.empty()) shown += fmt::format("{}{} {}", shown.empty() ? "" : " · ", field.name, text);
+    if (!text.empty())
+      shown += fmt::format("{}{} {}", shown.empty() ? "" : " · ", field.name, text);
   }
   return shown;
 }
@@ -149,19 +150,19 @@ Cell colourCell(const View& ink, double scale) {
   return {fmt::format("#{:02x}{:02x}{:02x}", rgb.r, rgb.g, rgb.b), rgb};
 }
 
-Table tableOf(const View& list) {
+Table tableOf(const View& list, bool isSummary) {
   const Type& record = *list.type->item;
   Table table;
   table.columns.push_back({"", true});
   for (const Field& field : record.fields) {
-    if (!isColumn(record, field)) continue;
+    if (!isColumn(record, field, isSummary)) continue;
     const bool isColour = hasColour(record) && isColourPart(field);
     table.columns.push_back(isColour ? Column{"colour", false}
                                      : Column{headingOf(field), isNumeric(*field.type)});
   }
   const double scale = hasColour(record) ? colourScale(list) : 1;
   for (std::size_t i = 0; i < list.size(); ++i) {
-    table.rows.push_back(cellsOf(list.item(i), i, scale));
+    table.rows.push_back(cellsOf(list.item(i), i, scale, isSummary));
   }
   return table;
 }

@@ -20,7 +20,8 @@ std::string shownField(const View& record, const Field& field);
 // As above, with its unit behind it.
 std::string shownWithUnit(const View& record, const Field& field);
 
-// A value in one line: of a record the fields that say something, of a list of records their number;
+// A value in one line: of a record the fields that say something, of a list of records their
+// number;
 // "" for an empty text.
 std::string shortOf(const View& value);
 
@@ -35,7 +36,7 @@ Cell colourCell(const View& ink, double scale);
 
 bool hasColour(const Type& record);
 
-// The records of a list as a table, a field a column.
-Table tableOf(const View& list);
+// The records of a list as a table, a field a column; for a summary, without details.
+Table tableOf(const View& list, bool isSummary = false);
 
 }  // namespace vxmeta

@@ -9,7 +9,7 @@
 namespace vxmeta {
 namespace {
 
-constexpr std::size_t kLabel = 16;  // cells of a section's name in the summary
+constexpr std::size_t kLabel = 17;  // cells of a section's name in the summary
 
 bool isDefault(const View& record, const Field& field) {
   return isSame(record.field(field), View::defaultOf(*record.type, field));
@@ -27,7 +27,7 @@ void addFields(Line& line, const View& record) {
     line.add(Style::plain, value);
     isFirst = false;
   }
-  if (isFirst) line.add(Style::dim, "there, and empty");
+  if (isFirst) line.add(Style::dim, "empty");
 }
 
 bool isList(const View& value) { return value.is(Kind::list); }
@@ -58,7 +58,7 @@ std::string countsIn(const View& groups) {
 
 void addList(Line& line, const View& list) {
   const Type& item = *list.type->item;
-  if (list.size() == 0) return (void)line.add(Style::dim, "an empty list");
+  if (list.size() == 0) return (void)line.add(Style::dim, "empty");
   if (item.kind == Kind::list) return (void)line.add(Style::plain, countsIn(list));
   line.add(Style::dim, fmt::format("{}  ", list.size()));
   if (const Field* key = item.key()) return (void)line.add(Style::plain, namesIn(list, *key));
@@ -103,7 +103,7 @@ std::string summaryOf(std::string_view path, const View& value, const Screen& sc
   if (!isInkList(value) || value.size() == 0) return summaryLine(path, value, screen);
   Line heading = labelled(screen, path);
   heading.add(Style::dim, std::to_string(value.size()));
-  return heading.end() + formatTable(tableOf(value), screen, 2);
+  return heading.end() + formatTable(tableOf(value, true), screen, 2);
 }
 
 std::string headOf(const Document& document, const Screen& screen) {
@@ -119,7 +119,7 @@ std::string headOf(const Document& document, const Screen& screen) {
 
 std::string foreignLine(const Document& document, const Screen& screen) {
   if (document.foreign.empty()) return "";
-  Line line = labelled(screen, "no record for");
+  Line line = labelled(screen, "other schemas");
   bool isFirst = true;
   for (const ForeignSchema& schema : document.foreign) {
     line.add(Style::dim, fmt::format("{}{} ", isFirst ? "" : " · ", visible(schema.prefix)));
@@ -130,13 +130,22 @@ std::string foreignLine(const Document& document, const Screen& screen) {
   return line.end();
 }
 
+// The library names the field that the next item lacks ("vxFont:type"), or says what the error is.
+std::string reasonOf(const UnreadPart& part) {
+  const std::string reason = part.reason.value_or("");
+  const bool isField =
+      reason.find(':') != std::string::npos && reason.find(' ') == std::string::npos;
+  return isField ? "the next lacks " + reason : reason;
+}
+
 std::string sentenceOf(const UnreadPart& part) {
   if (part.field) {
     const std::string item = part.item ? fmt::format("[{}]", *part.item) : "";
-    return fmt::format("{}{}: no record has {}", visible(part.list), item, visible(*part.field));
+    return fmt::format("{}{} holds {}, which no record has", part.list, item, *part.field);
   }
-  return fmt::format("{}: {} of {} read; then: {}", visible(part.list), part.read.value_or(0),
-                     part.stored.value_or(0), visible(part.reason.value_or("")));
+  if (part.stored == 0) return fmt::format("{} cannot be read: {}", part.list, reasonOf(part));
+  return fmt::format("{}: {} of {} read, {}", part.list, part.read.value_or(0),
+                     part.stored.value_or(0), reasonOf(part));
 }
 
 std::string unreadLines(const Document& document, const Screen& screen) {
@@ -144,7 +153,7 @@ std::string unreadLines(const Document& document, const Screen& screen) {
   std::string text;
   for (std::size_t i = 0; i < document.unread.size() && i < kMost; ++i) {
     Line line = labelled(screen, i == 0 ? "unread" : "");
-    text += line.add(Style::warning, sentenceOf(document.unread[i])).end();
+    text += line.add(Style::warning, visible(sentenceOf(document.unread[i]))).end();
   }
   if (document.unread.size() <= kMost) return text;
   Line line = labelled(screen, "");
@@ -182,7 +191,7 @@ std::string itemsInFull(std::string_view path, const View& list, const Screen& s
 
 std::string listInFull(std::string_view path, const View& list, const Screen& screen) {
   const Type& item = *list.type->item;
-  if (list.size() == 0) return headingLine(path, screen, "an empty list") + "\n";
+  if (list.size() == 0) return headingLine(path, screen, "empty") + "\n";
   if (item.kind == Kind::list || hasNestedFields(item)) return itemsInFull(path, list, screen);
   const std::string heading = headingLine(path, screen, std::to_string(list.size()));
   if (item.kind == Kind::record) return heading + formatTable(tableOf(list), screen, 2) + "\n";
@@ -202,8 +211,7 @@ std::string recordInFull(std::string_view path, const View& record, const Screen
     }
   }
   if (table.rows.empty() && !nested.empty()) return nested;
-  const std::string heading =
-      headingLine(path, screen, table.rows.empty() ? "there, and empty" : "");
+  const std::string heading = headingLine(path, screen, table.rows.empty() ? "empty" : "");
   return heading + formatTable(table, screen, 2) + "\n" + nested;
 }
 

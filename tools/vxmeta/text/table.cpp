@@ -3,13 +3,13 @@
 #include <fmt/format.h>
 
 #include <algorithm>
-#include <numeric>
 
 namespace vxmeta {
 namespace {
 
-constexpr std::size_t kGap = 2;         // blanks between columns
-constexpr std::size_t kSwatch = 3;      // cells of a swatch and the blank behind it
+constexpr std::size_t kGap = 2;     // blanks between columns
+constexpr std::size_t kSwatch = 3;  // cells of a swatch and the blank behind it
+constexpr std::size_t kLeastHeading = 3;
 constexpr std::size_t kLeastWidth = 6;  // of a column that is cut
 
 std::size_t widthOf(const Cell& cell) {
@@ -77,13 +77,37 @@ class Formatter {
     return width < kGap ? 0 : width - kGap;
   }
 
-  // Takes from the widest text again and again; what is still too wide is cut line by line.
+  std::size_t contentWidth(std::size_t column) const {
+    std::size_t width = 0;
+    for (const auto& row : table_.rows) width = std::max(width, widthOf(row[column]));
+    return width;
+  }
+
+  // What a column can be cut to: first its heading, then, where it is text, what stands in it.
+  std::size_t leastWidth(std::size_t column, bool isTextCut) const {
+    const std::size_t content = contentWidth(column);
+    const bool isSwatch = std::any_of(table_.rows.begin(), table_.rows.end(), [&](const auto& row) {
+      return row[column].swatch.has_value();
+    });
+    const bool isFixed = !isTextCut || isSwatch || table_.columns[column].isNumeric;
+    return std::max(isFixed ? content : std::min(content, kLeastWidth), kLeastHeading);
+  }
+
   void shrink() {
+    shrinkTo(false);
+    shrinkTo(true);
+  }
+
+  // Takes from the widest column that has some to give, again and again. What is too wide still is
+  // cut line by line.
+  void shrinkTo(bool isTextCut) {
+    std::vector<std::size_t> least(widths_.size());
+    for (std::size_t c = 0; c < least.size(); ++c) least[c] = leastWidth(c, isTextCut);
     while (total() > screen_.width) {
       std::size_t widest = widths_.size();
       for (std::size_t c = 0; c < widths_.size(); ++c) {
-        const bool canShrink = !table_.columns[c].isNumeric && widths_[c] > kLeastWidth;
-        if (canShrink && (widest == widths_.size() || widths_[c] > widths_[widest])) widest = c;
+        const bool isWider = widest == widths_.size() || widths_[c] > widths_[widest];
+        if (widths_[c] > least[c] && isWider) widest = c;
       }
       if (widest == widths_.size()) return;
       --widths_[widest];
@@ -102,7 +126,8 @@ class Formatter {
 
   // Blanks come with the next cell, so that no line ends in any. Answers those that are left.
   std::size_t put(Line& line, const Cell& cell, std::size_t column, std::size_t before) {
-    const std::size_t room = widths_[column] - (cell.swatch ? kSwatch : 0);
+    const std::size_t swatch = cell.swatch ? kSwatch : 0;
+    const std::size_t room = std::max(widths_[column], swatch) - swatch;
     const std::string text = cutTo(cell.text, room);
     const std::size_t left = room - vxmeta::widthOf(text);
     if (text.empty() && !cell.swatch) return before + left;
@@ -122,26 +147,37 @@ class Formatter {
 }  // namespace
 
 Line& Line::add(Style style, std::string_view visibleText) {
-  if (isFull()) return *this;
-  const bool isCut = screen_.width > 0 && used_ + widthOf(visibleText) > screen_.width;
-  const std::string text =
-      isCut ? cutTo(visibleText, screen_.width - used_) : std::string(visibleText);
-  used_ = isCut ? screen_.width : used_ + widthOf(text);
-  text_ += styled(screen_, style, text);
+  parts_.push_back({std::string(visibleText), style, {}});
+  width_ += widthOf(visibleText);
   return *this;
 }
 
 Line& Line::swatch(const Rgb& colour) {
-  if (!screen_.hasColours) return add(Style::plain, "  ");
-  if (isFull()) return *this;
-  text_ += fmt::format("\x1b[48;2;{};{};{}m  \x1b[0m", colour.r, colour.g, colour.b);
-  used_ += 2;
+  parts_.push_back({"  ", Style::plain, colour});
+  width_ += 2;
   return *this;
 }
 
-std::string Line::end() {
-  text_.erase(text_.find_last_not_of(' ') + 1);
-  return text_ + '\n';
+std::string Line::formatted(const Part& part, const std::string& text) const {
+  if (!screen_.hasColours || !part.colour) return styled(screen_, part.style, text);
+  const Rgb& colour = *part.colour;
+  return fmt::format("\x1b[48;2;{};{};{}m{}\x1b[0m", colour.r, colour.g, colour.b, text);
+}
+
+std::string Line::end() const {
+  const bool isCut = screen_.width > 0 && width_ > screen_.width;
+  std::size_t room = isCut ? screen_.width : width_;
+  std::string line;
+  for (const Part& part : parts_) {
+    const std::size_t width = widthOf(part.text);
+    // The last part that begins on the screen shows that there is more.
+    const bool isLast = isCut && width >= room;
+    line += formatted(part, isLast ? cutTo(part.text + "  ", room) : part.text);
+    if (isLast) break;
+    room -= width;
+  }
+  line.erase(line.find_last_not_of(' ') + 1);
+  return line + '\n';
 }
 
 std::string formatTable(const Table& table, const Screen& screen, std::size_t indent) {

@@ -36,20 +36,26 @@ struct Table {
 // wider than the screen is cut, long texts first.
 std::string formatTable(const Table& table, const Screen& screen, std::size_t indent);
 
-// A line of styled parts, cut to the screen.
+// A line of styled parts. Where it is wider than the screen it is cut, with "…" at its end.
 class Line {
  public:
   explicit Line(const Screen& screen) : screen_(screen) {}
   Line& add(Style style, std::string_view visibleText);
   Line& swatch(const Rgb& colour);
-  std::string end();
+  std::string end() const;
 
  private:
-  bool isFull() const { return screen_.width > 0 && used_ >= screen_.width; }
+  struct Part {
+    std::string text;
+    Style style = Style::plain;
+    std::optional<Rgb> colour;
+  };
+
+  std::string formatted(const Part& part, const std::string& text) const;
 
   const Screen& screen_;
-  std::string text_;
-  std::size_t used_ = 0;
+  std::vector<Part> parts_;
+  std::size_t width_ = 0;
 };
 
 }  // namespace vxmeta

@@ -12,13 +12,13 @@ std::vector<Field> inkFields(std::initializer_list<Field> others) {
   std::vector<Field> fields = {
       VXMETA_FIELD(name, "name of the ink"),
       VXMETA_FIELD(type, "the application's word"),
-      VXMETA_FIELD(book, "colour book that the ink comes from"),
-      VXMETA_FIELD(vxname, "name in the system's own naming"),
+      VXMETA_FIELD(book, "colour book that the ink comes from").detail(),
+      VXMETA_FIELD(vxname, "name in the system's own naming").detail(),
       VXMETA_FIELD(r, "display colour, red; its range is the application's"),
       VXMETA_FIELD(g, "display colour, green"),
       VXMETA_FIELD(b, "display colour, blue"),
       VXMETA_FIELD(attribute, "omask: an opaque mask; else the application's word"),
-      VXMETA_FIELD(printingmethod, "the application's word; unknown: not stated"),
+      VXMETA_FIELD(printingmethod, "the application's word; unknown: not stated").detail(),
   };
   fields.insert(fields.end(), others.begin(), others.end());
   return fields;
@@ -42,7 +42,10 @@ Type describe<XMPlInk>() {
           VXMETA_FIELD(dotshape, "dot shape"),
           VXMETA_FIELD(coverageValid, "pct and mm2 hold a measured coverage"),
           VXMETA_FIELD(pct, "coverage in percent").in("%").with("coverageValid"),
-          VXMETA_FIELD(mm2, "coverage in square millimetres").in("mm²").with("coverageValid"),
+          VXMETA_FIELD(mm2, "coverage in square millimetres")
+              .in("mm²")
+              .with("coverageValid")
+              .detail(),
       }));
 }
 
