@@ -88,17 +88,17 @@ need_toolkit() {
   trap - EXIT
 }
 
-# Everything a build needs.
-# What the tool vxmeta needs beside.
-tool_packages="libcli11-dev nlohmann-json3-dev libfmt-dev libqpdf-dev libexempi-dev pkg-config"
+# What the tool vxmeta is built with.
+tool_packages=(libcli11-dev nlohmann-json3-dev libfmt-dev libqpdf-dev libexempi-dev pkg-config)
 
+# Everything a build needs.
 need_build_tools() {
-  need_packages g++ cmake ninja-build dpkg-dev libexpat1-dev "$@"
+  need_packages g++ cmake ninja-build dpkg-dev libexpat1-dev "${tool_packages[@]}" "$@"
   need_toolkit
 }
 
 need_test_tools() {
-  need_build_tools libgtest-dev libexempi-dev pkg-config binutils locales "$@"
+  need_build_tools libgtest-dev binutils locales python3-jsonschema "$@"
 }
 
 # build PRESET TARGET [OPTION...] configures build/PRESET and builds TARGET in it, and shows output
