@@ -128,6 +128,19 @@ TEST(Files, MayHaveNamesThatAreNotUtf8) {
   EXPECT_NE(end.out.find("caf\xEF\xBF\xBD\""), std::string::npos);
 }
 
+TEST(Json, ExpandsRunsOfFiles) {
+  const auto countOf = [](const Ending& end) {
+    return nlohmann::json::parse(end.out).at("extRefs").size();
+  };
+  EXPECT_EQ(countOf(runTool("json '" + kCarton + "'")), 2U);
+  EXPECT_EQ(countOf(runTool("json --expand '" + kCarton + "'")), 5U);
+  const std::string packet = replaced(contentOf(kCarton), "leaf_*.tif#001-004", "leaf");
+  const Ending end = runTool("json --expand -", packet);
+  EXPECT_EQ(end.exitCode, 2);
+  EXPECT_NE(end.messages.find("without --expand"), std::string::npos) << end.messages;
+  EXPECT_EQ(countOf(runTool("json -", packet)), 2U);
+}
+
 TEST(Show, PutsHostileTextsOutOfAction) {
   const std::string packet =
       replaced(contentOf(kCarton), "Leaf green", "&#x9B;31m\xE2\x80\xAEgreen&#127;&#10;");

@@ -67,11 +67,12 @@ void readColorSpace(Reading& in, Document& document) {
 }
 
 void readExtRefs(Reading& in, Document& document) {
-  const auto get = [&](const X& xmp, std::vector<XMPlExtRef>& refs) {
-    return xmp.GetExtRefs(refs, !in.wanted().expandRefs);
+  const auto get = [](const X& xmp, std::vector<XMPlExtRef>& refs) {
+    return xmp.GetExtRefs(refs, true);
   };
   in.list("vxExtFL2:files", get, document.extRefs);
   if (!document.extRefs) in.list("vxExtFL:files", &X::GetOldExtRefs, document.extRefs);
+  if (document.extRefs && in.wanted().expandRefs) in.expand(*document.extRefs);
 }
 
 constexpr bool (X::*kGetFonts)(std::vector<XMPlFont>&) const = &X::GetFonts;

@@ -76,6 +76,15 @@ const StoredProperties& Reading::stored() {
   return stored_.emplace(readStored(xml));
 }
 
+void Reading::expand(std::vector<XMPlExtRef>& refs) const {
+  try {
+    refs = xmp_.ExpandExtRefs(refs);
+  } catch (const std::logic_error& error) {
+    throw FileError("a run of numbered files cannot be expanded: " + std::string(error.what()) +
+                    "; without --expand it is read as stored");
+  }
+}
+
 bool Reading::isLossless(bool asFilmInks) const {
   const auto isOfInks = [](const auto& row) { return row.list == kInks || row.list == kCoverage; };
   std::vector<XMPlUnreadItems> items;

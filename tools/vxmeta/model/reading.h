@@ -54,6 +54,9 @@ class Reading {
     }
   }
 
+  // Throws FileError where a run cannot be expanded.
+  void expand(std::vector<XMPlExtRef>& refs) const;
+
   const InkList& inks();
   std::optional<XMPlPDFData> pdfData();
   std::optional<XMPlMMData> mmData();

@@ -109,7 +109,7 @@ std::string summaryOf(std::string_view path, const View& value, const Screen& sc
 std::string headOf(const Document& document, const Screen& screen) {
   const PacketInfo& packet = document.packet;
   Line name(screen);
-  name.add(Style::bold, visible(document.file));
+  name.add(Style::bold, document.file == "-" ? "standard input" : visible(document.file));
   Line about(screen);
   about.add(Style::dim, fmt::format("{}, {}, {} bytes, {} of padding, {}", visible(packet.source),
                                     packet.encoding, packet.bytes, packet.padding,
