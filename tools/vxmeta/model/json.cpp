@@ -50,7 +50,6 @@ Json toJson(const View& value) {
   return {};
 }
 
-// File names need not be UTF-8.
 std::string jsonText(const Json& json, bool isPretty) {
   return json.dump(isPretty ? 2 : -1, ' ', false, Json::error_handler_t::replace);
 }

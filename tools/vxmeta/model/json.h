@@ -13,7 +13,7 @@ using Json = nlohmann::ordered_json;
 // Reals that JSON has no number for are the texts "nan", "inf" and "-inf".
 Json toJson(const View& value);
 
-// Text of one line; `isPretty`: indented, an item of a list a line where it is a plain value.
+// Its text: one line, or indented. Bytes that are not UTF-8 become U+FFFD.
 std::string jsonText(const Json& json, bool isPretty);
 
 }  // namespace vxmeta
