@@ -105,7 +105,7 @@ class Parser {
   std::string matchedValue() {
     if (at_ >= text_.size() || text_[at_] != '"') return std::string(upTo("]"));
     ++at_;
-    const std::string value(upTo("\""));
+    std::string value(upTo("\""));
     if (at_ < text_.size()) ++at_;
     return value;
   }

@@ -151,6 +151,7 @@ std::vector<UnreadPart> Reading::unread() {
   const bool asFilmInks = inks().film.has_value();
   std::vector<XMPlUnreadItems> items;
   xmp_.GetUnreadItems(items, asFilmInks);
+  parts.reserve(items.size());
   for (XMPlUnreadItems& row : items) {
     parts.push_back(unreadItems(pathOfList(row.list), row.stored, row.read, std::move(row.reason)));
   }

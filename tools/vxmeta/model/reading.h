@@ -83,7 +83,7 @@ class Reading {
 
 // Keeps a group of optional values that has any.
 template <class Group>
-void setUnlessBare(std::optional<Group>& into, Group&& group) {
+void setUnlessBare(std::optional<Group>& into, Group group) {
   const View view = viewOf(group);
   for (const Field& field : view.type->fields) {
     if (view.field(field).size() == 0) continue;

@@ -87,7 +87,7 @@ std::string shownField(const View& record, const Field& field) {
 }
 
 std::string shownWithUnit(const View& record, const Field& field) {
-  const std::string value = shownField(record, field);
+  std::string value = shownField(record, field);
   if (value.empty()) return value;
   const std::string unit =
       field.unitField.empty() ? std::string(field.unit) : shownValue(record.field(field.unitField));
