@@ -18,5 +18,6 @@ struct Run {
 };
 
 void addExtract(CLI::App& app, Run& run);
+void addCheck(CLI::App& app, Run& run);
 
 }  // namespace vxmeta

@@ -3,50 +3,13 @@
 #include <exempi/xmp.h>
 #include <exempi/xmperrors.h>
 
-#include <iostream>
 #include <memory>
-#include <streambuf>
+#include <string_view>
+
+#include "files/exempi_call.h"
 
 namespace vxmeta {
 namespace {
-
-// exempi prints its errors on std::cerr. This stands in for the stream's buffer and takes what the
-// threads inside exempi say; all else passes.
-class ExempiSilencer : public std::streambuf {
- public:
-  ExempiSilencer() : passed_(std::cerr.rdbuf(this)) {}
-  ~ExempiSilencer() override { std::cerr.rdbuf(passed_); }
-
-  static thread_local bool inside;
-
- protected:
-  int_type overflow(int_type c) override {
-    if (inside || traits_type::eq_int_type(c, traits_type::eof())) return traits_type::not_eof(c);
-    return passed_->sputc(traits_type::to_char_type(c));
-  }
-  std::streamsize xsputn(const char* text, std::streamsize length) override {
-    return inside ? length : passed_->sputn(text, length);
-  }
-  int sync() override { return passed_->pubsync(); }
-
- private:
-  std::streambuf* passed_;
-};
-thread_local bool ExempiSilencer::inside = false;
-
-// A call of exempi, which is started with the first one and never stopped.
-class InsideExempi {
- public:
-  InsideExempi() {
-    static ExempiSilencer silencer;
-    ExempiSilencer::inside = true;
-    static const bool started = xmp_init();
-    if (!started) throw FileError("cannot be read: the library for artwork files does not start");
-  }
-  ~InsideExempi() { ExempiSilencer::inside = false; }
-  InsideExempi(const InsideExempi&) = delete;
-  InsideExempi& operator=(const InsideExempi&) = delete;
-};
 
 struct CloseFile {
   void operator()(XmpFilePtr file) const {
@@ -67,7 +30,7 @@ using Text = std::unique_ptr<_XmpString, FreeText>;
 }
 
 std::string rawPacket(const InputFile& file, const FileKind& kind) {
-  const InsideExempi call;
+  const ExempiCall call;
   constexpr int kOptions = XMP_OPEN_READ | XMP_OPEN_ONLYXMP;
   const File opened(
       xmp_files_open_new(file.path().c_str(), static_cast<XmpOpenFileOptions>(kOptions)));

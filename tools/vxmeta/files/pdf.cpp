@@ -16,6 +16,7 @@ std::string sourceOf(QPDFObjectHandle stream) {
 QPDFObjectHandle documentsStream(QPDF& pdf) {
   QPDFObjectHandle stream = pdf.getRoot().getKey("/Metadata");
   if (!stream.isStream()) {
+    repairsOf(pdf);
     throw NoPacketError(
         "this PDF has no metadata packet of its own; `vxmeta extract --list` shows those in it");
   }

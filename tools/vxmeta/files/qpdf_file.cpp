@@ -44,13 +44,13 @@ class GuardedSource : public FileInputSource {
   std::uintptr_t top_;
 };
 
-// The end of a stream's decoding: takes no more than a packet may hold.
+// The end of a stream's decoding, which takes no more than is good.
 class BoundedText : public Pipeline {
  public:
-  BoundedText() : Pipeline("packet", nullptr) {}
+  explicit BoundedText(std::size_t most) : Pipeline("packet", nullptr), most_(most) {}
 
   void write(const unsigned char* data, size_t length) override {
-    tooLong = tooLong || length > kMostPacketBytes - text.size();
+    tooLong = tooLong || length > most_ - text.size();
     if (tooLong) throw FileError("too long");  // ends the decoding; qpdf swallows it
     text.append(reinterpret_cast<const char*>(data), length);
   }
@@ -58,6 +58,9 @@ class BoundedText : public Pipeline {
 
   std::string text;
   bool tooLong = false;
+
+ private:
+  std::size_t most_;
 };
 
 std::string said(const QPDFExc& error) {
@@ -159,9 +162,9 @@ void withPdfErrors(const std::function<void()>& work) {
   }
 }
 
-std::string decoded(QPDFObjectHandle stream) {
+std::string decoded(QPDFObjectHandle stream, std::size_t most) {
   refuseRepeatedCompression(stream);
-  BoundedText bounded;
+  BoundedText bounded(most);
   bool isDecoded = false;
   const bool isWhole = stream.pipeStreamData(&bounded, &isDecoded, 0, qpdf_dl_specialized);
   if (bounded.tooLong) {

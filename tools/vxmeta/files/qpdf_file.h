@@ -24,7 +24,7 @@ std::vector<std::string> repairsOf(QPDF& pdf);
 // Calls `work`; what qpdf throws becomes a FileError.
 void withPdfErrors(const std::function<void()>& work);
 
-// The decoded bytes of a stream, up to what a packet may hold. Throws FileError.
-std::string decoded(QPDFObjectHandle stream);
+// The decoded bytes of a stream, up to `most`. Throws FileError.
+std::string decoded(QPDFObjectHandle stream, std::size_t most = kMostPacketBytes);
 
 }  // namespace vxmeta
