@@ -98,7 +98,7 @@ need_build_tools() {
 }
 
 need_test_tools() {
-  need_build_tools libgtest-dev libexempi-dev pkg-config binutils locales "$@"
+  need_build_tools libgtest-dev libexempi-dev pkg-config qpdf binutils locales "$@"
 }
 
 # build PRESET TARGET [OPTION...] configures build/PRESET and builds TARGET in it, and shows output

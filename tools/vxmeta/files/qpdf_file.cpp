@@ -84,9 +84,12 @@ std::shared_ptr<QPDF> opened(const InputFile& file, const std::string& password)
 
 bool isPasswordWrong(const QPDFExc& error) { return error.getErrorCode() == qpdf_e_password; }
 
-// A password was made bytes in one of several ways when the file was encrypted.
+// A password was made bytes in one of several ways when the file was encrypted. A file that opens
+// without one does so whatever the environment has for others.
 std::shared_ptr<QPDF> openedWithAny(const InputFile& file, const std::string& password) {
-  for (const std::string& spelt : QUtil::possible_repaired_encodings(password)) {
+  std::vector<std::string> spellings = QUtil::possible_repaired_encodings(password);
+  spellings.emplace_back();
+  for (const std::string& spelt : spellings) {
     try {
       return opened(file, spelt);
     } catch (const QPDFExc& error) {
