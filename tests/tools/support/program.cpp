@@ -57,7 +57,7 @@ Outcome runTool(const std::string& arguments, const std::string& input, const st
 
 std::string throughQpdf(const std::string& pdf, const std::string& options) {
   const std::string in = scratchFile("before.pdf", pdf);
-  const std::string out = scratchPath("after.pdf");
+  std::string out = scratchPath("after.pdf");
   const int code = shell("qpdf " + options + " " + in + " " + out);
   if (code != 0) throw std::runtime_error("qpdf " + options + " ends with " + std::to_string(code));
   return out;

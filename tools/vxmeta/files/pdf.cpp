@@ -9,7 +9,7 @@
 namespace vxmeta {
 namespace {
 
-std::string sourceOf(QPDFObjectHandle stream) {
+std::string sourceOf(const QPDFObjectHandle& stream) {
   return "pdf object " + std::to_string(stream.getObjectID());
 }
 
@@ -82,13 +82,13 @@ Owners ownersIn(QPDF& pdf, const std::vector<QPDFObjectHandle>& objects) {
   for (PdfPage& page : pagesOf(pdf)) {
     noteOwner(page.page, "page " + std::to_string(++number), owners);
   }
-  for (QPDFObjectHandle object : objects) {
+  for (const QPDFObjectHandle& object : objects) {
     noteOwner(object, "object " + std::to_string(object.getObjectID()), owners);
   }
   return owners;
 }
 
-ListedPacket listed(QPDFObjectHandle stream, const Owners& owners) {
+ListedPacket listed(const QPDFObjectHandle& stream, const Owners& owners) {
   ListedPacket packet;
   packet.source = sourceOf(stream);
   const auto owner = owners.find(stream.getObjGen());
@@ -124,7 +124,7 @@ std::vector<ListedPacket> listPdf(const InputFile& file, const ReadOptions& opti
     const std::vector<QPDFObjectHandle> objects = pdf->getAllObjects();
     const Owners owners = ownersIn(*pdf, objects);
     const QPDFObjGen documents = pdf->getRoot().getKey("/Metadata").getObjGen();
-    for (QPDFObjectHandle object : objects) {
+    for (const QPDFObjectHandle& object : objects) {
       QPDFObjectHandle stream = object;
       const bool isOwned = owners.count(stream.getObjGen()) != 0 && stream.isStream();
       if (!isOwned && !stream.isStreamOfType("/Metadata")) continue;

@@ -12,7 +12,7 @@ void inherit(QPDFObjectHandle& value, QPDFObjectHandle node, const char* key) {
 }
 
 // The node with what it passes on, or what is its own.
-PdfPage at(QPDFObjectHandle node, PdfPage inherited) {
+PdfPage at(const QPDFObjectHandle& node, PdfPage inherited) {
   inherited.page = node;
   inherit(inherited.resources, node, "/Resources");
   inherit(inherited.mediaBox, node, "/MediaBox");
