@@ -4,7 +4,7 @@
 #include <nlohmann/json.hpp>
 #include <sstream>
 
-#include "tools/run_tool.h"
+#include "support/program.h"
 
 namespace {
 
@@ -45,10 +45,10 @@ TEST(Get, AnswersPaths) {
       {"inks.name", "", 2},
   };
   for (const Case& one : cases) {
-    const Ending end = runTool("get '" + kCarton + "' " + one.path);
+    const Outcome end = runTool("get '" + kCarton + "' " + one.path);
     EXPECT_EQ(end.out, one.answer) << one.path;
-    EXPECT_EQ(end.exitCode, one.exitCode) << one.path;
-    EXPECT_EQ(end.messages.empty(), one.exitCode == 0) << one.path;
+    EXPECT_EQ(end.code, one.exitCode) << one.path;
+    EXPECT_EQ(end.err.empty(), one.exitCode == 0) << one.path;
   }
 }
 
@@ -65,18 +65,18 @@ TEST(Usage, IsRefusedInWords) {
       {"get -", "PATH is required"},
   };
   for (const auto& [arguments, message] : cases) {
-    const Ending end = runTool(arguments, "<rdf:RDF/>");
-    EXPECT_EQ(end.exitCode, 2) << arguments;
+    const Outcome end = runTool(arguments, "<rdf:RDF/>");
+    EXPECT_EQ(end.code, 2) << arguments;
     EXPECT_EQ(end.out, "") << arguments;
-    EXPECT_TRUE(end.messages.starts_with("vxmeta: ")) << end.messages;
-    EXPECT_NE(end.messages.find(message), std::string::npos) << end.messages;
+    EXPECT_TRUE(end.err.starts_with("vxmeta: ")) << end.err;
+    EXPECT_NE(end.err.find(message), std::string::npos) << end.err;
   }
 }
 
 TEST(Usage, HelpHasAnExampleOfEveryCommand) {
   for (const char* command : {"", "show", "json", "get", "diff", "schema"}) {
-    const Ending end = runTool(std::string(command) + " --help");
-    EXPECT_EQ(end.exitCode, 0) << command;
+    const Outcome end = runTool(std::string(command) + " --help");
+    EXPECT_EQ(end.code, 0) << command;
     EXPECT_NE(end.out.find("Example: vxmeta " + std::string(command)), std::string::npos);
   }
   EXPECT_EQ(runTool("--version").out.substr(0, 7), "vxmeta ");
@@ -84,8 +84,8 @@ TEST(Usage, HelpHasAnExampleOfEveryCommand) {
 
 // The exit code, the file of each line and whether it has an error.
 std::string linesOf(const std::string& arguments) {
-  const Ending end = runTool(arguments);
-  std::string text = std::to_string(end.exitCode);
+  const Outcome end = runTool(arguments);
+  std::string text = std::to_string(end.code);
   std::istringstream lines(end.out);
   for (std::string line; std::getline(lines, line);) {
     const nlohmann::json json = nlohmann::json::parse(line);
@@ -96,16 +96,15 @@ std::string linesOf(const std::string& arguments) {
 }
 
 TEST(Files, ComeInTheirOrderWhateverFails) {
-  const Folder folder;
   const std::string packet = contentOf(kCarton);
-  folder.write("a", packet);
-  folder.write("cut", packet.substr(0, packet.size() / 2));
-  folder.write("b \"\\", packet);
+  scratchFile("a", packet);
+  scratchFile("cut", packet.substr(0, packet.size() / 2));
+  scratchFile("b \"\\", packet);
   std::string files;
   std::string expected;
   for (int i = 0; i < 20; ++i) {
     for (const char* name : {"a", "cut", "none", "b \"\\"}) {
-      files += " '" + folder.file(name) + "'";
+      files += " '" + scratchPath(name) + "'";
       expected += std::string(" ") + name + (*name == 'c' || *name == 'n' ? "!" : "");
     }
   }
@@ -115,29 +114,28 @@ TEST(Files, ComeInTheirOrderWhateverFails) {
 }
 
 TEST(Files, AreNamedInMessagesWithoutSteeringTheTerminal) {
-  const Ending end = runTool("show \"$(printf 'no\\033[31m\\nfile\\377')\"");
-  EXPECT_EQ(end.exitCode, 2);
-  EXPECT_TRUE(end.messages.starts_with(R"(vxmeta: no\x1b[31m\nfile\xff: )")) << end.messages;
+  const Outcome end = runTool("show \"$(printf 'no\\033[31m\\nfile\\377')\"");
+  EXPECT_EQ(end.code, 2);
+  EXPECT_TRUE(end.err.starts_with(R"(vxmeta: no\x1b[31m\nfile\xff: )")) << end.err;
 }
 
 TEST(Files, MayHaveNamesThatAreNotUtf8) {
-  const Folder folder;
-  folder.write("caf\xE9", contentOf(kCarton));
-  const Ending end = runTool("json '" + folder.file("caf\xE9") + "'");
-  EXPECT_EQ(end.exitCode, 0);
+  scratchFile("caf\xE9", contentOf(kCarton));
+  const Outcome end = runTool("json '" + scratchPath("caf\xE9") + "'");
+  EXPECT_EQ(end.code, 0);
   EXPECT_NE(end.out.find("caf\xEF\xBF\xBD\""), std::string::npos);
 }
 
 TEST(Json, ExpandsRunsOfFiles) {
-  const auto countOf = [](const Ending& end) {
+  const auto countOf = [](const Outcome& end) {
     return nlohmann::json::parse(end.out).at("extRefs").size();
   };
   EXPECT_EQ(countOf(runTool("json '" + kCarton + "'")), 2U);
   EXPECT_EQ(countOf(runTool("json --expand '" + kCarton + "'")), 5U);
   const std::string packet = replaced(contentOf(kCarton), "leaf_*.tif#001-004", "leaf");
-  const Ending end = runTool("json --expand -", packet);
-  EXPECT_EQ(end.exitCode, 2);
-  EXPECT_NE(end.messages.find("without --expand"), std::string::npos) << end.messages;
+  const Outcome end = runTool("json --expand -", packet);
+  EXPECT_EQ(end.code, 2);
+  EXPECT_NE(end.err.find("without --expand"), std::string::npos) << end.err;
   EXPECT_EQ(countOf(runTool("json -", packet)), 2U);
 }
 
@@ -145,16 +143,16 @@ TEST(Show, PutsHostileTextsOutOfAction) {
   const std::string packet =
       replaced(contentOf(kCarton), "Leaf green", "&#x9B;31m\xE2\x80\xAEgreen&#127;&#10;");
   for (const char* arguments : {"show -", "show -s all -", "show --color always -s inks -"}) {
-    const Ending end = runTool(arguments, packet);
-    EXPECT_EQ(end.exitCode, 0);
+    const Outcome end = runTool(arguments, packet);
+    EXPECT_EQ(end.code, 0);
     EXPECT_NE(end.out.find("\\u202egreen\\x7f\\n"), std::string::npos) << end.out;
     EXPECT_EQ(end.out.find("\xC2\x9B"), std::string::npos);
   }
 }
 
 TEST(Show, IsPlainWhereItIsPiped) {
-  const Ending plain = runTool("show '" + kCarton + "'");
-  const Ending coloured = runTool("show --color always '" + kCarton + "'");
+  const Outcome plain = runTool("show '" + kCarton + "'");
+  const Outcome coloured = runTool("show --color always '" + kCarton + "'");
   EXPECT_EQ(plain.out.find('\x1b'), std::string::npos);
   EXPECT_NE(coloured.out.find("\x1b[48;2;0;158;224m"), std::string::npos);
   for (const char* text : {"Tea cartons, spring", "#009ee0", "182.5 mm", "Sans Regular ×2"}) {
@@ -163,29 +161,28 @@ TEST(Show, IsPlainWhereItIsPiped) {
 }
 
 TEST(Diff, AnswersByItsExitCode) {
-  const Folder folder;
   const std::string packet = contentOf(kCarton);
-  const std::string order = folder.write("order", replaced(packet, ">2026-1121<", ">2026-7<"));
-  const std::string date = folder.write("date", replaced(packet, "2026-11-20T", "2026-11-21T"));
+  const std::string order = scratchFile("order", replaced(packet, ">2026-1121<", ">2026-7<"));
+  const std::string date = scratchFile("date", replaced(packet, "2026-11-20T", "2026-11-21T"));
   const auto diff = [](const std::string& a, const std::string& b, const std::string& options) {
     return runTool("diff " + options + " '" + a + "' '" + b + "'");
   };
-  EXPECT_EQ(diff(kCarton, kCarton, "").exitCode, 0);
+  EXPECT_EQ(diff(kCarton, kCarton, "").code, 0);
   EXPECT_EQ(diff(kCarton, kCarton, "").out, "");
   EXPECT_EQ(diff(kCarton, order, "").out, "~  job.orderid  2026-1121 → 2026-7\n");
-  EXPECT_EQ(diff(kCarton, order, "").exitCode, 1);
-  EXPECT_EQ(diff(kCarton, date, "").exitCode, 1);
-  EXPECT_EQ(diff(kCarton, date, "--semantic").exitCode, 0);
-  EXPECT_EQ(diff(kCarton, folder.file("none"), "").exitCode, 2);
+  EXPECT_EQ(diff(kCarton, order, "").code, 1);
+  EXPECT_EQ(diff(kCarton, date, "").code, 1);
+  EXPECT_EQ(diff(kCarton, date, "--semantic").code, 0);
+  EXPECT_EQ(diff(kCarton, scratchPath("none"), "").code, 2);
   const auto json = nlohmann::json::parse(diff(kCarton, order, "--json").out);
   EXPECT_EQ(json.at("changes").dump(),
             R"([{"after":"2026-7","before":"2026-1121","change":"changed","path":"job.orderid"}])");
 }
 
 TEST(Output, ThatCannotBeWrittenIsTrouble) {
-  const Ending end = runTool("json '" + kCarton + "' >/dev/full");
-  EXPECT_EQ(end.exitCode, 2);
-  EXPECT_NE(end.messages.find("standard output"), std::string::npos);
+  const Outcome end = runTool("json '" + kCarton + "' >/dev/full");
+  EXPECT_EQ(end.code, 2);
+  EXPECT_NE(end.err.find("standard output"), std::string::npos);
 }
 
 }  // namespace

@@ -68,6 +68,7 @@ int main(int argc, char** argv) {
     vxmeta::addShow(app, state);
     vxmeta::addJson(app, state);
     vxmeta::addGet(app, state);
+    vxmeta::addCheck(app, state);
     vxmeta::addDiff(app, state);
     vxmeta::addExtract(app, state);
     vxmeta::addSchema(app, state);

@@ -20,6 +20,7 @@ struct Run {
 void addShow(CLI::App& app, Run& run);
 void addJson(CLI::App& app, Run& run);
 void addGet(CLI::App& app, Run& run);
+void addCheck(CLI::App& app, Run& run);
 void addDiff(CLI::App& app, Run& run);
 void addExtract(CLI::App& app, Run& run);
 void addSchema(CLI::App& app, Run& run);

@@ -5,11 +5,11 @@
 #include <algorithm>
 #include <condition_variable>
 #include <cstdlib>
-#include <fstream>
 #include <map>
 #include <mutex>
 #include <thread>
 
+#include "files/input_file.h"
 #include "text/terminal.h"
 
 namespace vxmeta {
@@ -17,14 +17,9 @@ namespace {
 
 // The first line: editors end a file with a line feed.
 std::string passwordIn(const std::string& file) {
-  std::ifstream in(file);
-  std::string password;
-  std::getline(in, password);
-  if (in.bad() || !in.is_open()) {
-    throw FileError("the password file cannot be read; look at its name and permissions");
-  }
-  if (!password.empty() && password.back() == '\r') password.pop_back();
-  return password;
+  constexpr std::size_t kMostBytes = 1024;
+  const std::string text = InputFile(file).read(0, kMostBytes);
+  return text.substr(0, text.find_first_of("\r\n"));
 }
 
 void takePassword(Inputs& inputs) {
@@ -107,7 +102,9 @@ void addReadOptions(CLI::App& command, Inputs& inputs) {
       ->type_name("FILE");
   command.add_flag("--scan", inputs.options.scan,
                    "Look for a packet in the bytes of files of unknown kinds");
-  command.add_option("--object", inputs.object, "Take the packet of this object of a PDF")
+  command
+      .add_option("--object", inputs.options.object,
+                  "Take the packet of this object of a PDF, or the N-th of a scan")
       ->type_name("N")
       ->check(CLI::PositiveNumber);
 }
@@ -128,13 +125,17 @@ void fail(Outcome& outcome, const std::string& file, const std::string& why) {
   outcome.exitCode = kTrouble;
 }
 
-FilePacket load(const std::string& file, const Inputs& inputs, XMPlib& xmp, Outcome& outcome) {
-  ReadOptions options = inputs.options;
-  if (inputs.object > 0) options.object = inputs.object;
-  FilePacket packet = readPacket(file, options);
+FilePacket read(const std::string& name, const InputFile& file, const Inputs& inputs,
+                Outcome& outcome) {
+  FilePacket packet = readPacket(file, inputs.options);
   for (const std::string& warning : packet.warnings) {
-    outcome.messages += messageLine(file, "warning: " + warning);
+    outcome.messages += messageLine(name, "warning: " + warning);
   }
+  return packet;
+}
+
+FilePacket load(const std::string& file, const Inputs& inputs, XMPlib& xmp, Outcome& outcome) {
+  FilePacket packet = read(file, InputFile(file), inputs, outcome);
   loadPacket(packet.text, xmp);
   return packet;
 }

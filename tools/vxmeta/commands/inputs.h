@@ -17,7 +17,6 @@ namespace vxmeta {
 struct Inputs {
   ReadOptions options;
   std::string passwordFile;
-  int object = 0;  // 0: the document's own packet
   int jobs = 1;
 };
 
@@ -36,6 +35,10 @@ std::string messageLine(const std::string& file, const std::string& what);
 
 // Adds a failure to the outcome: the message, and the exit code of trouble.
 void fail(Outcome& outcome, const std::string& file, const std::string& why);
+
+// Reads the packet of the file of that name; warnings go to the outcome. Throws FileError.
+FilePacket read(const std::string& name, const InputFile& file, const Inputs& inputs,
+                Outcome& outcome);
 
 // Reads and loads the file's packet; warnings go to the outcome. Throws FileError.
 FilePacket load(const std::string& file, const Inputs& inputs, XMPlib& xmp, Outcome& outcome);

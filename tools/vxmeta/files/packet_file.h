@@ -9,6 +9,11 @@
 
 namespace vxmeta {
 
+class InputFile;
+
+// The most that the library takes as a packet: 256 MiB.
+constexpr std::size_t kMostPacketBytes = std::size_t{256} << 20;
+
 // Why a file or its packet cannot be had, and what to do, in one line that does not name the file.
 class FileError : public std::runtime_error {
   using std::runtime_error::runtime_error;
@@ -20,9 +25,11 @@ class NoPacketError : public FileError {
 };
 
 struct ReadOptions {
-  std::string password;       // of an encrypted PDF
-  bool scan = false;          // look for a packet in the bytes of a file of an unknown kind
-  std::optional<int> object;  // another object of a PDF than the catalogue's metadata
+  std::string password;  // of an encrypted PDF
+  bool scan = false;     // look for a packet in the bytes of a file of an unknown kind
+  // Another object of a PDF than the catalogue's metadata; where the bytes are scanned, the packet
+  // of this number, from 1, in the order of the file.
+  std::optional<int> object;
 };
 
 // A packet as it lies in its file, decompressed and decrypted, and nothing else done to it.
@@ -35,6 +42,7 @@ struct FilePacket {
 // The document's own packet: never that of something placed in it. `file` is a path, or "-" for
 // standard input.
 FilePacket readPacket(const std::string& file, const ReadOptions& options);
+FilePacket readPacket(const InputFile& file, const ReadOptions& options);
 
 struct ListedPacket {
   std::string source;
