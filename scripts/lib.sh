@@ -103,14 +103,18 @@ need_toolkit() {
   trap - EXIT
 }
 
+# What the tool vxmeta is built with.
+tool_packages=(libcli11-dev nlohmann-json3-dev libfmt-dev libqpdf-dev libexempi-dev pkg-config)
+
 # Everything a build needs.
 need_build_tools() {
-  need_packages g++ cmake ninja-build dpkg-dev libexpat1-dev libfast-float-dev "$@"
+  need_packages g++ cmake ninja-build dpkg-dev libexpat1-dev libfast-float-dev \
+    "${tool_packages[@]}" "$@"
   need_toolkit
 }
 
 need_test_tools() {
-  need_build_tools libgtest-dev libexempi-dev pkg-config binutils locales "$@"
+  need_build_tools libgtest-dev binutils locales qpdf python3-jsonschema "$@"
 }
 
 # build PRESET TARGET [OPTION...] configures build/PRESET and builds TARGET in it, and shows output

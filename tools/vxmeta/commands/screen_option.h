@@ -1,0 +1,20 @@
+// --color, of the commands that print for people.
+#pragma once
+
+#include "commands/commands.h"
+#include "text/terminal.h"
+
+namespace vxmeta {
+
+inline void addColourOption(CLI::App& command, ColourChoice& choice) {
+  static const std::map<std::string, ColourChoice> kChoices = {
+      {"auto", ColourChoice::automatic},
+      {"always", ColourChoice::always},
+      {"never", ColourChoice::never},
+  };
+  command.add_option("--color", choice, "auto (in a terminal, without NO_COLOR), always or never")
+      ->type_name("WHEN")
+      ->transform(CLI::CheckedTransformer(kChoices, CLI::ignore_case));
+}
+
+}  // namespace vxmeta

@@ -1,0 +1,59 @@
+#include "files/encoding.h"
+
+namespace vxmeta {
+namespace {
+
+bool beginsWith(std::string_view text, std::string_view begin) {
+  return text.substr(0, begin.size()) == begin;
+}
+
+std::string_view withoutMark(std::string_view text) {
+  const bool hasMark = beginsWith(text, "\xEF\xBB\xBF");
+  return hasMark ? text.substr(3) : text;
+}
+
+char narrowed(char high, char low) {
+  const bool isMark = (high == '\xFE' && low == '\xFF');
+  if (isMark) return ' ';
+  return high == '\0' && static_cast<unsigned char>(low) < 0x80 ? low : '?';
+}
+
+}  // namespace
+
+const char* nameOf(Encoding encoding) {
+  constexpr const char* kNames[] = {"UTF-8", "UTF-16BE", "UTF-16LE"};
+  return kNames[static_cast<int>(encoding)];
+}
+
+Encoding encodingOf(std::string_view text) {
+  using namespace std::string_view_literals;
+  if (beginsWith(text, "\xFE\xFF"sv) || beginsWith(text, "\0<"sv)) return Encoding::utf16be;
+  if (beginsWith(text, "\xFF\xFE"sv) || beginsWith(text, "<\0"sv)) return Encoding::utf16le;
+  return Encoding::utf8;
+}
+
+std::string stored(std::string_view ascii, Encoding encoding) {
+  if (encoding == Encoding::utf8) return std::string(ascii);
+  std::string text;
+  for (const char c : ascii) {
+    if (encoding == Encoding::utf16be) text += '\0';
+    text += c;
+    if (encoding == Encoding::utf16le) text += '\0';
+  }
+  return text;
+}
+
+std::string asAscii(std::string_view text, Encoding encoding) {
+  std::string ascii;
+  if (encoding == Encoding::utf8) {
+    for (const char c : withoutMark(text)) ascii += static_cast<unsigned char>(c) < 0x80 ? c : '?';
+    return ascii;
+  }
+  const std::size_t high = encoding == Encoding::utf16be ? 0 : 1;
+  for (std::size_t i = 0; i + 1 < text.size(); i += 2) {
+    ascii += narrowed(text[i + high], text[i + 1 - high]);
+  }
+  return ascii;
+}
+
+}  // namespace vxmeta

@@ -1,0 +1,39 @@
+// Paths into a document: "job.orderid", "inks[2].angle", "inks[-1]", "inks[name=Spot 485].angle".
+#pragma once
+
+#include <optional>
+#include <stdexcept>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "model/type.h"
+
+namespace vxmeta {
+
+// A path that no document has, and which ones there are, in words.
+class PathError : public std::runtime_error {
+  using std::runtime_error::runtime_error;
+};
+
+struct Step {
+  enum class Way { field, index, match };
+
+  Way way = Way::field;
+  std::string name;          // of the field, or of the field that is compared
+  std::ptrdiff_t index = 0;  // from 0; below it, from the end: -1 is the last
+  std::string value;         // what the field is compared with, as `get` prints it
+};
+
+using Path = std::vector<Step>;
+
+// Throws PathError when the text is no path, or values of the type have no such part.
+Path parsePath(std::string_view text, const Type& root);
+
+// The value at the path. Empty when it is absent: nothing stored, no such item, no item matches.
+std::optional<View> valueAt(const View& root, const Path& path);
+
+// A simple value as text: a text as it is, numbers and truth values as in JSON.
+std::string plainText(const View& value);
+
+}  // namespace vxmeta

@@ -1,0 +1,154 @@
+#include "text/terminal.h"
+
+#include <fmt/format.h>
+#include <sys/ioctl.h>
+#include <unistd.h>
+
+#include <clocale>
+#include <cstdlib>
+#include <cwchar>
+
+namespace vxmeta {
+namespace {
+
+// One character of a text, or a byte that is none.
+struct Character {
+  char32_t code = 0;
+  std::size_t bytes = 1;
+  bool isValid = false;
+};
+
+std::size_t bytesBehind(unsigned char lead) {
+  if (lead < 0x80) return 0;
+  if (lead >= 0xC2 && lead < 0xE0) return 1;
+  if (lead >= 0xE0 && lead < 0xF0) return 2;
+  return lead >= 0xF0 && lead < 0xF5 ? 3 : 4;
+}
+
+bool isInRange(char32_t code, std::size_t bytes) {
+  constexpr char32_t kLeast[] = {0, 0, 0x80, 0x800, 0x10000};
+  return code >= kLeast[bytes] && code <= 0x10FFFF && (code < 0xD800 || code > 0xDFFF);
+}
+
+Character firstOf(std::string_view text) {
+  const auto lead = static_cast<unsigned char>(text[0]);
+  const std::size_t behind = bytesBehind(lead);
+  if (behind > 3 || behind >= text.size()) return {lead, 1, false};
+  char32_t code = behind == 0 ? lead : lead & (0x3FU >> behind);
+  for (std::size_t i = 1; i <= behind; ++i) {
+    const auto next = static_cast<unsigned char>(text[i]);
+    if ((next & 0xC0U) != 0x80U) return {lead, 1, false};
+    code = code << 6U | (next & 0x3FU);
+  }
+  if (!isInRange(code, behind + 1)) return {lead, 1, false};
+  return {code, behind + 1, true};
+}
+
+// Controls, marks of writing direction, line and paragraph separators, and tags.
+bool steers(char32_t code) {
+  return code < 0x20 || (code >= 0x7F && code < 0xA0) || code == 0x61C ||
+         (code >= 0x200B && code <= 0x200F) || (code >= 0x2028 && code <= 0x202E) ||
+         (code >= 0x2060 && code <= 0x206F) || code == 0xFEFF ||
+         (code >= 0xFFF9 && code <= 0xFFFB) || (code >= 0xE0000 && code <= 0xE007F);
+}
+
+std::string escaped(const Character& character) {
+  const auto code = static_cast<unsigned>(character.code);
+  if (code == '\n') return "\\n";
+  if (code == '\t') return "\\t";
+  if (code == '\r') return "\\r";
+  return character.isValid && code > 0xFF ? fmt::format("\\u{:04x}", code)
+                                          : fmt::format("\\x{:02x}", code);
+}
+
+std::size_t widthOf(const Character& character) {
+  const int width = wcwidth(static_cast<wchar_t>(character.code));
+  return width < 0 ? 1 : static_cast<std::size_t>(width);
+}
+
+const char* codeOf(Style style) {
+  switch (style) {
+    case Style::bold:
+      return "\x1b[1m";
+    case Style::dim:
+      return "\x1b[2m";
+    case Style::warning:
+      return "\x1b[33m";
+    case Style::added:
+      return "\x1b[32m";
+    case Style::removed:
+      return "\x1b[31m";
+    default:
+      return "";
+  }
+}
+
+bool wantsColours() {
+  const char* no = std::getenv("NO_COLOR");
+  const char* term = std::getenv("TERM");
+  const bool isDumb = term == nullptr || std::string_view(term) == "dumb";
+  return isTerminal() && !isDumb && (no == nullptr || *no == '\0');
+}
+
+std::size_t terminalWidth() {
+  winsize size{};
+  if (ioctl(STDOUT_FILENO, TIOCGWINSZ, &size) == 0 && size.ws_col > 0) return size.ws_col;
+  return 80;
+}
+
+}  // namespace
+
+bool isTerminal() { return isatty(STDOUT_FILENO) == 1; }
+
+Screen screenOf(ColourChoice choice) {
+  Screen screen;
+  screen.hasColours =
+      choice == ColourChoice::automatic ? wantsColours() : choice == ColourChoice::always;
+  if (isTerminal()) screen.width = terminalWidth();
+  return screen;
+}
+
+void startMeasuring() { std::setlocale(LC_CTYPE, "C.UTF-8"); }
+
+std::string visible(std::string_view text) {
+  std::string shown;
+  shown.reserve(text.size());
+  while (!text.empty()) {
+    const Character character = firstOf(text);
+    const bool isPlain = character.isValid && !steers(character.code);
+    isPlain ? shown.append(text.substr(0, character.bytes)) : shown.append(escaped(character));
+    text.remove_prefix(character.bytes);
+  }
+  return shown;
+}
+
+std::size_t widthOf(std::string_view text) {
+  std::size_t width = 0;
+  while (!text.empty()) {
+    const Character character = firstOf(text);
+    width += widthOf(character);
+    text.remove_prefix(character.bytes);
+  }
+  return width;
+}
+
+std::string cutTo(std::string_view text, std::size_t width) {
+  if (widthOf(text) <= width) return std::string(text);
+  if (width == 0) return "";
+  std::size_t taken = 0;
+  std::size_t bytes = 0;
+  while (bytes < text.size()) {
+    const Character character = firstOf(text.substr(bytes));
+    taken += widthOf(character);
+    if (taken >= width) break;
+    bytes += character.bytes;
+  }
+  return std::string(text.substr(0, bytes)) + "…";
+}
+
+std::string styled(const Screen& screen, Style style, std::string_view text) {
+  if (!screen.hasColours || style == Style::plain || text.empty()) return std::string(text);
+  return fmt::format("{}{}\x1b[0m", codeOf(style), text);
+}
+
+}  // namespace vxmeta
