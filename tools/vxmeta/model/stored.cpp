@@ -1,0 +1,141 @@
+#include "model/stored.h"
+
+#include <expat.h>
+
+#include <algorithm>
+#include <memory>
+#include <optional>
+#include <stdexcept>
+
+namespace vxmeta {
+namespace {
+
+constexpr std::string_view kDeclaration = "xmlns:";
+
+bool isArray(std::string_view element) {
+  return element == "rdf:Bag" || element == "rdf:Seq" || element == "rdf:Alt";
+}
+
+// The place of an element: where its text and its children go.
+struct Open {
+  StoredNode* node = nullptr;  // null: above the properties
+  bool isTransparent = false;  // rdf:Bag and its like: their items are the property's
+};
+
+class Reader {
+ public:
+  explicit Reader(StoredProperties& into) : into_(into) {}
+
+  void start(std::string_view element, const char** attributes) {
+    if (open_.empty() || open_.back().node == nullptr) return startAbove(element, attributes);
+    StoredNode& parent = *open_.back().node;
+    if (isArray(element)) {
+      parent.form = StoredNode::Form::list;
+      parent.text.clear();
+      open_.push_back({&parent, true});
+      return;
+    }
+    if (!open_.back().isTransparent && parent.form != StoredNode::Form::structure) {
+      parent.form = StoredNode::Form::structure;
+      parent.text.clear();
+    }
+    add(parent.children, element, attributes);
+  }
+
+  void end() {
+    const Open closed = open_.back();
+    open_.pop_back();
+    if (closed.node != nullptr && !closed.isTransparent) unwrapQualified(*closed.node);
+  }
+
+  void text(std::string_view more) {
+    const bool isValue = !open_.empty() && open_.back().node != nullptr;
+    if (isValue && open_.back().node->form == StoredNode::Form::text) {
+      open_.back().node->text += more;
+    }
+  }
+
+ private:
+  // The wrapper, rdf:RDF and rdf:Description; below that, the properties begin.
+  void startAbove(std::string_view element, const char** attributes) {
+    if (isInDescription_) return add(into_.properties, element, attributes);
+    isInDescription_ = element == "rdf:Description";
+    for (const char** it = attributes; *it != nullptr; it += 2) {
+      const std::string_view name = *it;
+      if (name.starts_with(kDeclaration)) into_.schemas.emplace(name.substr(6), it[1]);
+    }
+    open_.push_back({});
+  }
+
+  void add(std::vector<StoredNode>& nodes, std::string_view element, const char** attributes) {
+    StoredNode& node = nodes.emplace_back();
+    node.name = element;
+    for (const char** it = attributes; *it != nullptr; it += 2) {
+      const std::string_view name = *it;
+      if (name == "xml:lang") node.language = it[1];
+      if (name == "rdf:resource") node.text = it[1];
+      if (name == "rdf:parseType") node.form = StoredNode::Form::structure;
+    }
+    open_.push_back({&node, false});
+  }
+
+  // A value with qualifiers is written as a structure around rdf:value.
+  static void unwrapQualified(StoredNode& node) {
+    const bool isQualified = !node.children.empty() && node.children[0].name == "rdf:value";
+    if (node.form != StoredNode::Form::structure || !isQualified) return;
+    StoredNode value = std::move(node.children[0]);
+    node.form = value.form;
+    node.text = std::move(value.text);
+    node.children = std::move(value.children);
+  }
+
+  StoredProperties& into_;
+  std::vector<Open> open_;
+  bool isInDescription_ = false;
+};
+
+void XMLCALL onStart(void* reader, const XML_Char* element, const XML_Char** attributes) {
+  static_cast<Reader*>(reader)->start(element, attributes);
+}
+void XMLCALL onEnd(void* reader, const XML_Char*) { static_cast<Reader*>(reader)->end(); }
+void XMLCALL onText(void* reader, const XML_Char* text, int length) {
+  static_cast<Reader*>(reader)->text({text, static_cast<std::size_t>(length)});
+}
+
+}  // namespace
+
+const StoredNode* StoredNode::field(std::string_view fieldName) const {
+  const auto found = std::find_if(children.begin(), children.end(),
+                                  [&](const StoredNode& child) { return child.name == fieldName; });
+  return found == children.end() || form != Form::structure ? nullptr : &*found;
+}
+
+const StoredNode* StoredProperties::property(std::string_view name) const {
+  const auto found =
+      std::find_if(properties.begin(), properties.end(),
+                   [&](const StoredNode& property) { return property.name == name; });
+  return found == properties.end() ? nullptr : &*found;
+}
+
+std::string StoredProperties::uriOf(const std::string& prefix) const {
+  const auto found = schemas.find(prefix);
+  return found == schemas.end() ? "" : found->second;
+}
+
+StoredProperties readStored(const std::string& xml) {
+  StoredProperties stored;
+  if (xml.empty()) return stored;
+  Reader reader(stored);
+  const std::unique_ptr<XML_ParserStruct, decltype(&XML_ParserFree)> parser(
+      XML_ParserCreate("UTF-8"), &XML_ParserFree);
+  if (parser == nullptr) throw std::bad_alloc();
+  XML_SetUserData(parser.get(), &reader);
+  XML_SetElementHandler(parser.get(), onStart, onEnd);
+  XML_SetCharacterDataHandler(parser.get(), onText);
+  if (XML_Parse(parser.get(), xml.data(), static_cast<int>(xml.size()), 1) != XML_STATUS_OK) {
+    throw std::runtime_error(XML_ErrorString(XML_GetErrorCode(parser.get())));
+  }
+  return stored;
+}
+
+}  // namespace vxmeta

@@ -1,0 +1,38 @@
+// The properties of a packet as they are stored, for what no operation of the library reads: which
+// schemas and lists there are, and the standard-schema data that the library only writes.
+#pragma once
+
+#include <map>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace vxmeta {
+
+// A property, a field of a structure or an item of a list.
+struct StoredNode {
+  enum class Form { text, structure, list };
+
+  std::string name;  // with its prefix; of items "rdf:li"
+  Form form = Form::text;
+  std::string text;
+  std::string language;  // xml:lang
+  std::vector<StoredNode> children;
+
+  // A field of a structure; null where there is none.
+  const StoredNode* field(std::string_view fieldName) const;
+};
+
+struct StoredProperties {
+  std::map<std::string, std::string, std::less<>> schemas;  // prefix to URI
+  std::vector<StoredNode> properties;
+
+  const StoredNode* property(std::string_view name) const;
+  std::string uriOf(const std::string& prefix) const;
+};
+
+// `xml` is what XMPlib::GetXML gives: one description, nothing in it written as an attribute, the
+// library's own names under their fixed prefixes.
+StoredProperties readStored(const std::string& xml);
+
+}  // namespace vxmeta
