@@ -2,6 +2,7 @@
 
 #include <fmt/format.h>
 
+#include "checks/packet_checks.h"
 #include "checks/pdf_checks.h"
 
 namespace vxmeta {
@@ -36,7 +37,11 @@ const char* nameOf(Severity severity) {
 const std::vector<Check>& allChecks() {
   static const std::vector<Check> kAll = [] {
     std::vector<Check> all;
-    for (const auto& family : {pdfChecks()}) all.insert(all.end(), family.begin(), family.end());
+    for (const auto& family : {packetLossChecks(), packetValueChecks(), packetBarcodeChecks(),
+                               packetInkChecks(), packetScreenChecks(), packetPageChecks(),
+                               packetListChecks(), packetStateChecks(), pdfChecks()}) {
+      all.insert(all.end(), family.begin(), family.end());
+    }
     return all;
   }();
   return kAll;
