@@ -7,7 +7,7 @@ constexpr ValueKind kInteger = ValueKind::integer;
 constexpr ValueKind kReal = ValueKind::real;
 constexpr ValueKind kBoolean = ValueKind::boolean;
 
-// Properties that pages and films share stand under the page.
+// What pages and films share stands under the page.
 constexpr TypedProperty kProperties[] = {
     {"vxGr:nrpages", kInteger, "scalars.nrPages"},
     {"vxGr:screenreg", kBoolean, "scalars.screenReg"},

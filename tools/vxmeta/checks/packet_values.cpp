@@ -1,6 +1,7 @@
 // Stored texts that stand for something else: numbers, dates, languages, units.
 #include <fmt/format.h>
 #include <algorithm>
+#include <string_view>
 
 #include "checks/packet_checks.h"
 #include "checks/packet_numbers.h"
@@ -9,6 +10,14 @@
 
 namespace vxmeta {
 namespace {
+
+// Pages and films share properties: a path of a page, or as the film has it where there is no page.
+std::string pathIn(const StoredProperties& stored, const std::string& path) {
+  constexpr std::string_view kPage = "page";
+  const bool isFilm =
+      stored.property("vxGr:vresolution") != nullptr && stored.property("vxGr:vshrink") == nullptr;
+  return isFilm && path.starts_with(kPage) ? "film.dimensions" + path.substr(kPage.size()) : path;
+}
 
 // --- Numbers and truth values -------------------------------------------------------------------
 
@@ -44,6 +53,10 @@ void checkItems(const std::vector<StoredNode>& items, std::span<const TypedField
 
 void checkScreens(const StoredProperties& stored, Findings& found) {
   const auto& groups = itemsOf(stored.property("vxScreenC:screenContainer"));
+  if (groups.empty()) {  // the older layout reads as one group
+    checkItems(itemsOf(stored.property("vxScreenL:screens")), typedScreenFields(), "screens[0]",
+               found);
+  }
   for (std::size_t i = 0; i < groups.size(); ++i) {
     checkItems(itemsOf(groups[i].field("vxScreenL:screens")), typedScreenFields(),
                indexed("screens", i), found);
@@ -65,7 +78,7 @@ void checkValues(const Subject& subject, Findings& found) {
   const StoredProperties& stored = subject.stored();
   for (const TypedProperty& row : typedProperties()) {
     const StoredNode* value = stored.property(row.stored);
-    if (value != nullptr) checkValue(*value, row.kind, row.path, found);
+    if (value != nullptr) checkValue(*value, row.kind, pathIn(stored, row.path), found);
   }
   for (const TypedList& list : typedLists()) {
     const std::string path =
@@ -131,8 +144,7 @@ void checkUnits(const Subject& subject, Findings& found) {
   if (unit == nullptr) return;
   const auto isIt = [&](const char* word) { return unit->text == word; };
   if (std::any_of(std::begin(kUnits), std::end(kUnits), isIt)) return;
-  const bool isFilm = subject.stored().property("vxGr:vresolution") != nullptr;
-  found.add(isFilm ? "film.dimensions.units" : "page.units",
+  found.add(pathIn(subject.stored(), "page.units"),
             fmt::format("the lengths are in {}, a word that other programs may not know",
                         quoted(unit->text)),
             "use mm, cm, m, in, inch, pt or px");
