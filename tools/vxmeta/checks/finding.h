@@ -9,6 +9,7 @@
 
 #include "checks/pdf_facts.h"
 #include "files/packet_wrapper.h"
+#include "model/stored.h"
 
 namespace vxmeta {
 
@@ -29,22 +30,31 @@ struct Subject {
   const XMPlib& packet;  // its packet, loaded without error
   PacketFacts wrapper;
   std::optional<PdfFacts> pdf;  // where the document is one
+
+  // The packet's properties as they are stored; read when they are first asked for.
+  const StoredProperties& stored() const;
+
+  mutable std::optional<StoredProperties> storedOnce = std::nullopt;
 };
 
-// What one check has found.
+// What one check has found. A fault that comes a thousand times is told a few times and counted:
+// what is kept is bounded.
 class Findings {
  public:
+  static constexpr std::size_t kMostTold = 20;
+
   struct Row {
     std::string path, message, hint;
   };
 
-  void add(std::string path, std::string message, std::string hint) {
-    rows_.push_back({std::move(path), std::move(message), std::move(hint)});
-  }
-  const std::vector<Row>& rows() const { return rows_; }
+  void add(std::string path, std::string message, std::string hint);
+  // With more than `kMostTold` findings, the last row counts the rest.
+  std::vector<Row> rows() const;
 
  private:
-  std::vector<Row> rows_;
+  std::vector<Row> told_;
+  std::optional<Row> firstUntold_;
+  std::size_t untold_ = 0;
 };
 
 struct Check {

@@ -1,0 +1,114 @@
+// Inks and their coverage.
+#include <fmt/format.h>
+#include <cctype>
+#include <tuple>
+
+#include "checks/packet_checks.h"
+#include "checks/packet_reading.h"
+
+namespace vxmeta {
+namespace {
+
+std::vector<XMPlInk> documentInks(const XMPlib& packet) {
+  std::vector<XMPlInk> inks;
+  if (!holdsFilmInks(packet)) packet.GetInks(inks);
+  return inks;
+}
+
+std::vector<XMPlInkDigFilm> filmInks(const XMPlib& packet) {
+  std::vector<XMPlInkDigFilm> inks;
+  if (holdsFilmInks(packet)) isRead([&] { return packet.GetInksDigFilm(inks); });
+  return inks;
+}
+
+// --- Coverage -----------------------------------------------------------------------------------
+
+void checkCoverageCount(const Subject& subject, Findings& found) {
+  const auto& inks = itemsOf(subject.stored().property("vxGr:inks"));
+  const auto& coverage = itemsOf(subject.stored().property("vxInkCovL:coverage"));
+  if (coverage.empty() || coverage.size() == inks.size()) return;
+  found.add(inksPath(subject.packet),
+            fmt::format("there is coverage for {} of {}: it was measured for another set, and the "
+                        "ink it stands at may be the wrong one",
+                        coverage.size(), counted(inks.size(), "ink")),
+            "measure the coverage anew");
+}
+
+void tellCoverage(const std::string& path, double value, Findings& found) {
+  found.add(path,
+            fmt::format("{} is a coverage of {:.6g}, which cannot be: what is reckoned from it, as "
+                        "the need of ink, is wrong",
+                        path, value),
+            "measure the coverage anew");
+}
+
+void checkCoverageRange(const Subject& subject, Findings& found) {
+  constexpr double kAll = 100;  // percent
+  const std::vector<XMPlInk> inks = documentInks(subject.packet);
+  for (std::size_t i = 0; i < inks.size(); ++i) {
+    const XMPlInk& ink = inks[i];
+    if (!ink.coverageValid) continue;
+    const std::string path = indexed("inks", i);
+    if (!(ink.pct >= 0 && ink.pct <= kAll)) tellCoverage(path + ".pct", ink.pct, found);
+    if (!(ink.mm2 >= 0)) tellCoverage(path + ".mm2", ink.mm2, found);
+  }
+}
+
+// --- Inks that are one --------------------------------------------------------------------------
+
+// Without case and blanks.
+std::string plain(const std::string& text) {
+  std::string result;
+  for (const char c : text) {
+    const auto byte = static_cast<unsigned char>(c);
+    if (std::isspace(byte) == 0) result += static_cast<char>(std::tolower(byte));
+  }
+  return result;
+}
+
+auto plainIdentity(const XMPlInkBasic& ink) {
+  return std::make_tuple(plain(ink.name), plain(ink.type), plain(ink.book), plain(ink.vxname),
+                         plain(ink.attribute), plain(ink.printingmethod));
+}
+
+// The ruling as text: a NaN has no order.
+auto identityButAngle(const XMPlInk& ink) {
+  return std::make_tuple(plainIdentity(ink), fmt::to_string(ink.frequency), plain(ink.dotshape));
+}
+
+void tellAlike(const char* list, std::size_t first, std::size_t index, const std::string& name,
+               Findings& found) {
+  found.add(indexed(list, index),
+            fmt::format("{}, {}, is {} but for case, blanks or angle: one ink gets two plates",
+                        indexed(list, index), quoted(name), indexed(list, first)),
+            "give both one spelling and angle, and take one of them out");
+}
+
+void checkAlike(const Subject& subject, Findings& found) {
+  const std::vector<XMPlInk> inks = documentInks(subject.packet);
+  forEachRepeated(inks, identityButAngle, [&](std::size_t first, std::size_t index) {
+    tellAlike("inks", first, index, inks[index].name, found);
+  });
+  // A film of several pages has the same ink once for each.
+  const std::vector<XMPlInkDigFilm> films = filmInks(subject.packet);
+  forEachRepeated(films, plainIdentity, [&](std::size_t first, std::size_t index) {
+    if (films[first] != films[index]) {
+      tellAlike("film.inks", first, index, films[index].name, found);
+    }
+  });
+}
+
+}  // namespace
+
+std::vector<Check> packetInkChecks() {
+  return {
+      {"coverage-count", Severity::warning, "coverage is stored for another number of inks",
+       checkCoverageCount},
+      {"coverage-range", Severity::warning, "an ink's coverage is below 0 or over 100 percent",
+       checkCoverageRange},
+      {"ink-alike", Severity::warning, "two inks differ in nothing but case, blanks or angle",
+       checkAlike},
+  };
+}
+
+}  // namespace vxmeta

@@ -1,0 +1,130 @@
+// What the library's reading of a packet leaves out.
+#include <fmt/format.h>
+#include <algorithm>
+#include <cctype>
+#include <cstdlib>
+#include <stdexcept>
+#include <string_view>
+
+#include "checks/packet_checks.h"
+#include "checks/packet_reading.h"
+#include "model/sections.h"
+
+namespace vxmeta {
+namespace {
+
+// --- Hidden items -------------------------------------------------------------------------------
+
+bool hasScreens(const StoredNode& group) {
+  return !itemsOf(group.field("vxScreenL:screens")).empty();
+}
+
+// A group that a film lacks is empty, and reading ends there: with none but such behind it, nothing
+// is lost.
+bool hidesScreens(const StoredProperties& stored, const XMPlUnreadItems& row) {
+  const auto& groups = itemsOf(stored.property("vxScreenC:screenContainer"));
+  const auto first = std::min(static_cast<std::size_t>(row.read), groups.size());
+  return std::any_of(groups.begin() + static_cast<std::ptrdiff_t>(first), groups.end(), hasScreens);
+}
+
+// The library writes these under names that it does not read.
+bool areWrittenByTheLibrary(const StoredProperties& stored) {
+  const auto& refs = itemsOf(stored.property("vxDigFilmRefs:files"));
+  return std::all_of(refs.begin(), refs.end(), [](const StoredNode& ref) {
+    return ref.field("vxDigFilmRef:instanceID") != nullptr;
+  });
+}
+
+bool isLoss(const StoredProperties& stored, const XMPlUnreadItems& row) {
+  if (row.list == "vxScreenC:screenContainer") return hidesScreens(stored, row);
+  if (row.list == "vxDigFilmRefs:files") return !areWrittenByTheLibrary(stored);
+  // The old layouts count where there is no current one.
+  if (row.list == "vxExtFL:files") return stored.property("vxExtFL2:files") == nullptr;
+  if (row.list == "vxScreenL:screens") {
+    return stored.property("vxScreenC:screenContainer") == nullptr;
+  }
+  return row.list != "vxInkCovL:coverage";  // its number is looked at with the inks
+}
+
+std::string whyUnread(const XMPlUnreadItems& row) {
+  if (row.list == "vxScreenC:screenContainer") return "has no whole first screen";
+  const bool isField =
+      row.reason.find(':') != std::string::npos && row.reason.find(' ') == std::string::npos;
+  if (isField) return "has no " + row.reason;
+  return row.reason.empty() ? "cannot be read" : "cannot be read (" + row.reason + ")";
+}
+
+void checkHidden(const Subject& subject, Findings& found) {
+  const bool isFilm = holdsFilmInks(subject.packet);
+  std::vector<XMPlUnreadItems> unread;
+  subject.packet.GetUnreadItems(unread, isFilm);
+  for (const XMPlUnreadItems& row : unread) {
+    if (!isLoss(subject.stored(), row)) continue;
+    const std::string list = row.list == "vxGr:inks" && isFilm ? "film.inks" : pathOfList(row.list);
+    const std::string items =
+        counted(static_cast<std::size_t>(std::max(row.stored - row.read, 0)), "stored item");
+    found.add(list,
+              fmt::format("{}[{}] {}: reading ends there, and the next program that writes the "
+                          "list deletes {}",
+                          list, row.read, whyUnread(row), items),
+              "mend that item, or take it out, before anything writes the list");
+  }
+}
+
+// --- Runs of numbered files ---------------------------------------------------------------------
+
+// The scheme counts in any case of letters.
+bool isRun(const std::string& name) {
+  constexpr std::string_view kScheme = "files:";
+  return std::equal(
+      kScheme.begin(), kScheme.end(), name.begin(),
+      name.begin() + static_cast<std::ptrdiff_t>(std::min(name.size(), kScheme.size())),
+      [](char scheme, unsigned char c) { return scheme == std::tolower(c); });
+}
+
+// What is wrong with a run; null: nothing.
+const char* faultOf(const std::string& run) {
+  const std::size_t hash = run.rfind('#');
+  const std::size_t dash = hash == std::string::npos ? hash : run.find('-', hash);
+  if (run.find('*') == std::string::npos || dash == std::string::npos) {
+    return "is no \"files:PREFIX*EXTENSION#FIRST-LAST\"";
+  }
+  const long first = std::strtol(run.c_str() + hash + 1, nullptr, 10);
+  const long last = std::strtol(run.c_str() + dash + 1, nullptr, 10);
+  return last < first ? "runs from a higher number to a lower one" : nullptr;
+}
+
+void checkRuns(const Subject& subject, Findings& found) {
+  std::vector<XMPlExtRef> refs;
+  subject.packet.GetExtRefs(refs, true);
+  for (std::size_t i = 0; i < refs.size(); ++i) {
+    const std::string& name = refs[i].instanceID;
+    const char* fault = isRun(name) ? faultOf(name) : nullptr;
+    if (fault == nullptr) continue;
+    found.add(indexed("extRefs", i) + ".instanceID",
+              fmt::format("the run of files {} {}: its files are not found", quoted(name), fault),
+              "correct the name of the run, or list its files one by one");
+  }
+  if (!found.rows().empty()) return;
+  try {
+    (void)subject.packet.ExpandExtRefs(refs);
+  } catch (const std::logic_error& error) {
+    found.add("extRefs",
+              fmt::format("the runs of files cannot be expanded ({}): the files are not found",
+                          error.what()),
+              "look for a run with a last number that is too high");
+  }
+}
+
+}  // namespace
+
+std::vector<Check> packetLossChecks() {
+  return {
+      {"items-hidden", Severity::error,
+       "a list is read up to an incomplete item: what is behind it gets lost", checkHidden},
+      {"ref-unexpandable", Severity::error,
+       "a run of numbered files cannot be expanded into its files", checkRuns},
+  };
+}
+
+}  // namespace vxmeta

@@ -1,0 +1,41 @@
+// What the checks of a packet have in common.
+#pragma once
+
+#include <cstddef>
+#include <map>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "checks/finding.h"
+#include "checks/reading.h"
+
+namespace vxmeta {
+
+// A name or value of the packet, in quotation marks; a long one is cut.
+std::string quoted(const std::string& text);
+
+// "1 page", "2 pages".
+std::string counted(std::size_t count, const char* thing);
+
+// Whether the list of inks is a film's: of the two readings the one that loses nothing; when both
+// or neither do, the one that reads more, then the document's.
+bool holdsFilmInks(const XMPlib& packet);
+// The list of inks under the name that it has then.
+const char* inksPath(const XMPlib& packet);
+
+// The items of a stored list; none where it is absent.
+const std::vector<StoredNode>& itemsOf(const StoredNode* list);
+
+// Calls `repeated(first, index)` for every record whose key an earlier one has; `first` is the
+// index of the earliest.
+template <class Record, class Key, class Repeated>
+void forEachRepeated(const std::vector<Record>& records, const Key& key, const Repeated& repeated) {
+  std::map<decltype(key(records.front())), std::size_t> firstOf;
+  for (std::size_t i = 0; i < records.size(); ++i) {
+    const auto [first, isNew] = firstOf.try_emplace(key(records[i]), i);
+    if (!isNew) repeated(first->second, i);
+  }
+}
+
+}  // namespace vxmeta
