@@ -57,7 +57,7 @@ std::string utf16(const std::string& utf8, bool bigEndian) {
   std::string narrow = utf8, wide(2 * utf8.size(), '\0');
   char *in = narrow.data(), *out = wide.data();
   std::size_t unread = narrow.size(), room = wide.size();
-  const iconv_t conversion = iconv_open(bigEndian ? "UTF-16BE" : "UTF-16LE", "UTF-8");
+  iconv_t conversion = iconv_open(bigEndian ? "UTF-16BE" : "UTF-16LE", "UTF-8");
   iconv(conversion, &in, &unread, &out, &room);
   iconv_close(conversion);
   return wide.substr(0, wide.size() - room);
