@@ -18,12 +18,6 @@ std::string quoted(const std::string& text);
 // "1 page", "2 pages".
 std::string counted(std::size_t count, const char* thing);
 
-// Whether the list of inks is a film's: of the two readings the one that loses nothing; when both
-// or neither do, the one that reads more, then the document's.
-bool holdsFilmInks(const XMPlib& packet);
-// The list of inks under the name that it has then.
-const char* inksPath(const XMPlib& packet);
-
 // The items of a stored list; none where it is absent.
 const std::vector<StoredNode>& itemsOf(const StoredNode* list);
 

@@ -20,13 +20,19 @@ bool isRead(Get&& get) {
   }
 }
 
+// Whether the list of inks is a film's: of the two readings the one that loses nothing; when both
+// or neither do, the one that reads more, then the document's.
+bool holdsFilmInks(const XMPlib& packet);
+// The list of inks under the name that it has then.
+const char* inksPath(const XMPlib& packet);
+
 struct NamedInk {
   std::string name;
   std::string path;  // "inks[2]"
   bool isMask = false;
 };
 
-// The inks of the document, or of the film where that reading finds more; false: there is no list.
+// The inks of that list; false: there is none.
 bool readInks(const XMPlib& packet, std::vector<NamedInk>& inks);
 
 std::string indexed(const char* list, std::size_t index);

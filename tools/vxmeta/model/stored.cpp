@@ -122,6 +122,15 @@ std::string StoredProperties::uriOf(const std::string& prefix) const {
   return found == schemas.end() ? "" : found->second;
 }
 
+const std::string* textOf(const StoredNode* property) {
+  if (property == nullptr) return nullptr;
+  if (property->form == StoredNode::Form::text) return &property->text;
+  for (const StoredNode& item : property->children) {
+    if (item.language == "x-default") return &item.text;
+  }
+  return nullptr;
+}
+
 StoredProperties readStored(const std::string& xml) {
   StoredProperties stored;
   if (xml.empty()) return stored;

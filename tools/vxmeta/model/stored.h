@@ -31,6 +31,9 @@ struct StoredProperties {
   std::string uriOf(const std::string& prefix) const;
 };
 
+// The text of a property; of a language alternative, that in the default language. Null: none.
+const std::string* textOf(const StoredNode* property);
+
 // `xml` is what XMPlib::GetXML gives: one description, nothing in it written as an attribute, the
 // library's own names under their fixed prefixes.
 StoredProperties readStored(const std::string& xml);

@@ -102,16 +102,6 @@ XMPlMetaDataDigFilm separationOf(const StoredNode& item) {
   return separation;
 }
 
-// The text of a property; of a language alternative, that in the default language.
-const std::string* textOf(const StoredNode* property) {
-  if (property == nullptr) return nullptr;
-  if (property->form == StoredNode::Form::text) return &property->text;
-  for (const StoredNode& item : property->children) {
-    if (item.language == "x-default") return &item.text;
-  }
-  return nullptr;
-}
-
 struct StoredText {
   std::string_view property;
   std::string_view field;
