@@ -70,6 +70,9 @@ int main(int argc, char** argv) {
     vxmeta::addGet(app, state);
     vxmeta::addCheck(app, state);
     vxmeta::addDiff(app, state);
+    vxmeta::addSet(app, state);
+    vxmeta::addApply(app, state);
+    vxmeta::addMerge(app, state);
     vxmeta::addExtract(app, state);
     vxmeta::addSchema(app, state);
     return afterPrinting(run(app, state, argc, argv));

@@ -22,6 +22,9 @@ void addJson(CLI::App& app, Run& run);
 void addGet(CLI::App& app, Run& run);
 void addCheck(CLI::App& app, Run& run);
 void addDiff(CLI::App& app, Run& run);
+void addSet(CLI::App& app, Run& run);
+void addApply(CLI::App& app, Run& run);
+void addMerge(CLI::App& app, Run& run);
 void addExtract(CLI::App& app, Run& run);
 void addSchema(CLI::App& app, Run& run);
 

@@ -3,11 +3,11 @@
 
 #include <nlohmann/json.hpp>
 
+#include "commands/changes.h"
 #include "commands/inputs.h"
 #include "commands/screen_option.h"
 #include "model/compare.h"
 #include "model/json.h"
-#include "text/cells.h"
 
 namespace vxmeta {
 namespace {
@@ -22,64 +22,9 @@ struct Options {
   bool expandRefs = false;
 };
 
-struct WayWords {
-  const char* sign;
-  const char* word;
-  Style style;
-};
-
-const WayWords& wordsOf(Change::Way way) {
-  static constexpr WayWords kWords[] = {
-      {"+", "added", Style::added},
-      {"-", "removed", Style::removed},
-      {"~", "changed", Style::warning},
-      {"^", "moved", Style::warning},
-  };
-  return kWords[static_cast<std::size_t>(way)];
-}
-
-std::string orderOf(const View& list) {
-  const Field* key = list.type->item->key();
-  std::string names;
-  for (std::size_t i = 0; i < list.size(); ++i) {
-    const std::string name = key != nullptr ? shownField(list.item(i), *key) : "?";
-    names += (i == 0 ? "" : ", ") + name;
-  }
-  return names;
-}
-
-std::string sentenceOf(const Change& change) {
-  if (change.way == Change::Way::added) return shortOf(change.after);
-  if (change.way == Change::Way::removed) return shortOf(change.before);
-  if (change.way == Change::Way::changed) {
-    return shortOf(change.before) + " → " + shortOf(change.after);
-  }
-  const bool hasNames = change.before.type->item->key() != nullptr;
-  return hasNames ? orderOf(change.before) + " → " + orderOf(change.after)
-                  : "the same items in another order";
-}
-
-std::string textOf(const std::vector<Change>& changes, const Screen& screen) {
-  Table table{{{"", false}, {"", false}, {"", false}}, {}};
-  for (const Change& change : changes) {
-    const WayWords& words = wordsOf(change.way);
-    table.rows.push_back({{words.sign, {}, words.style},
-                          {visible(change.path), {}, words.style},
-                          {sentenceOf(change), {}, Style::plain}});
-  }
-  return formatTable(table, screen, 0);
-}
-
-Json jsonOf(const Change& change) {
-  Json json = {{"path", change.path}, {"change", wordsOf(change.way).word}};
-  if (change.before.type != nullptr) json["before"] = toJson(change.before);
-  if (change.after.type != nullptr) json["after"] = toJson(change.after);
-  return json;
-}
-
 std::string jsonOf(const std::vector<Change>& changes, const Options& options) {
   Json list = Json::array();
-  for (const Change& change : changes) list.push_back(jsonOf(change));
+  for (const Change& change : changes) list.push_back(changeJson(change));
   const Json all = {{"vxmeta", 1},
                     {"before", options.before},
                     {"after", options.after},
@@ -105,7 +50,7 @@ Outcome compared(const Options& options) {
   if (!before || !after) return outcome;
   const std::vector<Change> changes = compare(*before, *after, options.isSemantic);
   outcome.out =
-      options.isJson ? jsonOf(changes, options) : textOf(changes, screenOf(options.colours));
+      options.isJson ? jsonOf(changes, options) : changesText(changes, screenOf(options.colours));
   outcome.exitCode = changes.empty() ? kDone : kNo;
   return outcome;
 }

@@ -6,6 +6,8 @@
 #include <limits>
 #include <nlohmann/json.hpp>
 
+#include "model/json_text.h"
+
 namespace vxmeta {
 namespace {
 
@@ -35,17 +37,10 @@ double realOf(const Json& json, const std::string& pointer) {
   throw JsonError(pointer, fmt::format("expected a number, found {}", json.type_name()));
 }
 
-// As a step of a JSON pointer.
-std::string step(std::string_view name) {
-  std::string escaped = "/";
-  for (const char c : name) escaped += c == '~' ? "~0" : c == '/' ? "~1" : std::string(1, c);
-  return escaped;
-}
-
 void setRecord(const Json& json, const Type& type, void* into, const std::string& pointer) {
   require(json.is_object(), json, pointer, "an object");
   for (const auto& [name, value] : json.items()) {
-    const std::string place = pointer + step(name);
+    const std::string place = pointer + pointerStep(name);
     const Field* field = type.field(name);
     if (field == nullptr || !field->isStored) throw JsonError(place, "there is no such field");
     fromJson(value, *field->type, field->slot(into), place);

@@ -5,6 +5,7 @@
 #include <charconv>
 
 #include "model/json.h"
+#include "model/place.h"
 
 #include <nlohmann/json.hpp>
 
@@ -30,7 +31,7 @@ std::string namesOf(const Type& record) {
 // Reads one path from the left; knows the type of what it has reached.
 class Parser {
  public:
-  Parser(std::string_view text, const Type& root) : text_(text), type_(&root) {}
+  Parser(std::string_view text, const Type& root) : text_(text), root_(root), type_(&root) {}
 
   Path parse() {
     Path path = {fieldStep()};
@@ -67,7 +68,13 @@ class Parser {
     const Field* field = record.kind == Kind::record ? record.field(name) : nullptr;
     if (field != nullptr && field->isStored) return *field;
     if (record.kind != Kind::record) refuse(text_, fmt::format("no field '{}' in there", name));
-    refuse(text_, fmt::format("no field '{}'; there are: {}", name, namesOf(record)));
+    refuse(text_, fmt::format("no field '{}'; {}there are: {}", name, guess(), namesOf(record)));
+  }
+
+  // "did you mean job.orderid? "
+  std::string guess() const {
+    const std::vector<std::string> paths = nearestPaths(text_, root_);
+    return paths.empty() ? "" : fmt::format("did you mean {}? ", fmt::join(paths, ", "));
   }
 
   Step bracketStep() {
@@ -115,6 +122,7 @@ class Parser {
   }
 
   std::string_view text_;
+  const Type& root_;
   std::size_t at_ = 0;
   const Type* type_;
 };

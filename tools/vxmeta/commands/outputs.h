@@ -1,0 +1,61 @@
+// What the commands that write have in common.
+#pragma once
+
+#include <XMPlib.h>
+
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "commands/inputs.h"
+#include "files/input_file.h"
+#include "files/packet_writer.h"
+#include "model/write_document.h"
+
+namespace vxmeta {
+
+// The options of every command that writes.
+struct Outputs {
+  WriteOptions options;
+  bool isDryRun = false;
+  bool isStamped = false;
+};
+
+void addWriteOptions(CLI::App& command, Outputs& outputs);
+
+// A file that is opened to be changed.
+struct Target {
+  std::string name;
+  std::unique_ptr<InputFile> file;
+  FilePacket packet;
+  XMPlib xmp;
+  Document document;
+};
+
+// Warnings go to the outcome. Throws FileError.
+void loadTarget(const std::string& name, const Inputs& inputs, Target& target, Outcome& outcome);
+
+// Adds notes to the messages, a line each.
+void addNotes(const std::string& file, const std::vector<std::string>& notes, Outcome& outcome);
+
+// The changes as `diff` prints them.
+std::string changesText(const Document& before, const Document& after);
+
+// Writes what the edit has changed, or says what would be. Throws FileError, EditError, LossError.
+void writeEdit(const Edit& edit, Target& target, const Inputs& inputs, const Outputs& outputs,
+               Outcome& outcome);
+
+// Stamps the handle, when asked to, and writes it to where the options say. Throws FileError.
+void writeTarget(Target& target, const Inputs& inputs, const Outputs& outputs, Outcome& outcome);
+
+// Writes the file as it was read, where it goes to another place. Throws FileError.
+void copyTarget(const Target& target, const Inputs& inputs, const Outputs& outputs,
+                Outcome& outcome);
+
+// Of what a command would lose.
+std::string lossMessage(const std::string& losses);
+
+// Whether standard output takes the file.
+bool isToStdout(const Target& target, const Outputs& outputs);
+
+}  // namespace vxmeta

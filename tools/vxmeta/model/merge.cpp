@@ -1,0 +1,213 @@
+#include "model/merge.h"
+
+#include <XMP_Const.h>
+#include <fmt/format.h>
+
+#include <algorithm>
+#include <array>
+
+#include "files/packet_file.h"
+#include "model/losses.h"
+#include "model/read_document.h"
+#include "model/stored.h"
+#include "model/units.h"
+
+namespace vxmeta {
+namespace {
+
+using Names = std::vector<std::string>;
+
+constexpr std::array<std::string_view, 6> kResources = {"inks",     "extRefs",  "fonts",
+                                                        "cadFiles", "barcodes", "layers"};
+
+// What a merge rewrites in another form without losing any of it, or deliberately drops.
+const std::vector<std::string_view> kRewritten = {"vxExtFL:files", "vxExtFL2:files",
+                                                  "vxInkCovL:coverage"};
+
+std::string messageOf(const XMP_Error& error) {
+  return error.GetErrMsg() == nullptr ? "XMP error" : error.GetErrMsg();
+}
+
+Document loaded(const MergeSource& source, XMPlib& xmp) {
+  try {
+    loadPacket(source.packet, xmp);
+    return readDocument(xmp, {});
+  } catch (const std::exception& error) {
+    throw MergeError(source.name, error.what());
+  }
+}
+
+// --- Resources
+// ------------------------------------------------------------------------------------
+
+// Of a source: what its lists hold and no Get reads is not merged.
+void noteUnread(const MergeSource& source, const Document& document, Merging& merging) {
+  for (const UnreadPart& part : document.unread) {
+    const bool isMerged =
+        std::find(kResources.begin(), kResources.end(), part.list) != kResources.end();
+    if (!isMerged || !part.stored) continue;
+    merging.notes.push_back(
+        fmt::format("{}: {} of {} items of {} cannot be read, and are not merged", source.name,
+                    *part.stored - part.read.value_or(0), *part.stored, part.list));
+  }
+  if (document.film && document.film->inks) {
+    merging.notes.push_back(
+        source.name + ": its inks are those of a digital film, and are merged by --films alone");
+  }
+}
+
+void mergeResources(const MergeSource& source, XMPlib& xmp) {
+  try {
+    xmp.MergeXML(source.packet, true);
+  } catch (const std::logic_error& error) {
+    throw MergeError(source.name,
+                     fmt::format("a run of numbered files cannot be expanded: {}", error.what()));
+  }
+  if (!xmp.ErrStr().empty()) throw MergeError(source.name, xmp.ErrStr());
+}
+
+// --- Films
+// ----------------------------------------------------------------------------------------
+
+template <auto kGet, class Value>
+bool has(const XMPlib& xmp) {
+  Value value{};
+  try {
+    return (xmp.*kGet)(value) && xmp.ErrStr().empty();
+  } catch (const std::exception&) {
+    return false;
+  } catch (const XMP_Error&) {
+    return false;
+  }
+}
+
+struct Part {
+  const char* section;
+  bool (*isThere)(const XMPlib& xmp);
+  bool isFirstsAlone;  // only the first film has to have it
+};
+
+using X = XMPlib;
+constexpr Part kParts[] = {
+    {"film.dimensions", has<&X::GetDimDatDigFilm, XMPlDimDatDigFilm>, true},
+    {"film.inks", has<&X::GetInksDigFilm, std::vector<XMPlInkDigFilm>>, false},
+    {"colorSpace", has<&X::GetColorSpace, XMPlColorSpace>, true},
+    {"screens", has<&X::GetScreenContainer, std::vector<std::vector<XMPlScreen>>>, false},
+    {"usedRefs", has<&X::GetUsedRefs, std::vector<XMPlUsedRef>>, true},
+    {"pageRanges", has<&X::GetPagRanges, std::vector<XMPlPagRange>>, false},
+};
+
+// The library passes over incomplete films; nobody would know.
+void requireFilm(const MergeSource& source, const XMPlib& xmp, bool isFirst) {
+  Names missing;
+  for (const Part& part : kParts) {
+    if ((isFirst || !part.isFirstsAlone) && !part.isThere(xmp)) missing.emplace_back(part.section);
+  }
+  if (missing.empty()) return;
+  throw MergeError(source.name, fmt::format("is no complete digital film: it lacks {}",
+                                            fmt::join(missing, ", ")));
+}
+
+std::size_t inksIn(const Document& document) {
+  return document.film && document.film->inks ? document.film->inks->size() : 0;
+}
+
+void mergeFilms(const MergeSource& target, const std::vector<MergeSource>& sources, FilmMerge how,
+                XMPlib& xmp) {
+  Names packets = {target.packet};
+  for (const MergeSource& source : sources) packets.push_back(source.packet);
+  try {
+    xmp.MergeXML(packets, how == FilmMerge::separations ? 0 : 1, true);
+  } catch (const XMP_Error& error) {
+    throw MergeError(target.name, messageOf(error));
+  } catch (const std::length_error& error) {
+    throw MergeError(target.name, error.what());
+  }
+  if (!xmp.ErrStr().empty()) throw MergeError(target.name, xmp.ErrStr());
+}
+
+// --- All
+// ------------------------------------------------------------------------------------------
+
+void mergeForeign(const MergeSource& source, const XMPlib& from, XMPlib& xmp) {
+  try {
+    xmp.MergeNonOrvo(&from);
+  } catch (const XMP_Error& error) {
+    throw MergeError(source.name, messageOf(error));
+  }
+}
+
+// What the target's lists hold and no Get reads goes where a merge writes them.
+std::vector<Loss> lossesOf(const Document& before, const Document& after, const XMPlib& xmp,
+                           bool areAllWritten) {
+  Edit edit(before);
+  edit.after = after;
+  std::vector<Loss> losses;
+  for (const Unit& unit : units()) {
+    const auto old = valueOf(before, unit);
+    const auto now = valueOf(after, unit);
+    const bool isSameValue = old && now ? isSame(*old, *now) : !old && !now;
+    if (typeOf(unit).kind != Kind::list || unit.isLossHidden) continue;
+    if (isSameValue && !areAllWritten) continue;
+    const std::vector<Loss> its = lossesOf(unit, edit, xmp);
+    losses.insert(losses.end(), its.begin(), its.end());
+  }
+  return losses;
+}
+
+bool hasCoverage(const Document& document) {
+  return document.inks && std::any_of(document.inks->begin(), document.inks->end(),
+                                      [](const XMPlInk& ink) { return ink.coverageValid; });
+}
+
+void noteForeign(const Document& before, const Document& after, Merging& merging) {
+  const auto countOf = [](const Document& document) {
+    std::int32_t count = 0;
+    for (const ForeignSchema& schema : document.foreign) count += schema.properties;
+    return count;
+  };
+  const std::int32_t added = countOf(after) - countOf(before);
+  if (added > 0)
+    merging.notes.push_back(fmt::format("{} properties of other schemas added", added));
+}
+
+}  // namespace
+
+Merging merge(const MergeSource& target, const std::vector<MergeSource>& sources,
+              const MergeWishes& wishes, XMPlib& xmp) {
+  Merging merging;
+  const Document before = readDocument(xmp, {});
+  const std::string xml = xmp.GetXML();
+  const StoredProperties stored = readStored(xml);
+  if (wishes.films) requireFilm(target, xmp, true);
+  std::vector<XMPlib> handles(sources.size());
+  std::size_t inks = inksIn(before);
+  for (std::size_t i = 0; i < sources.size(); ++i) {
+    const Document document = loaded(sources[i], handles[i]);
+    inks += inksIn(document);
+    if (wishes.films) requireFilm(sources[i], handles[i], false);
+    if (!wishes.films) noteUnread(sources[i], document, merging);
+  }
+  if (wishes.films) mergeFilms(target, sources, *wishes.films, xmp);
+  for (std::size_t i = 0; i < sources.size(); ++i) {
+    if (!wishes.films) mergeResources(sources[i], xmp);
+    if (wishes.isForeign) mergeForeign(sources[i], handles[i], xmp);
+  }
+  merging.result = readDocument(xmp, {});
+  if (wishes.films && inksIn(merging.result) != inks) {
+    throw MergeError(target.name, "the films cannot be merged: their inks cannot be written");
+  }
+  merging.isChanged = xmp.GetXML() != xml;
+  merging.losses = lossesOf(before, merging.result, xmp, wishes.films.has_value());
+  std::vector<std::string_view> known = kRewritten;
+  for (const Loss& loss : merging.losses) known.push_back(loss.path);
+  const std::vector<Loss> gone = lostNodes(stored, readStored(xmp.GetXML()), known);
+  merging.losses.insert(merging.losses.end(), gone.begin(), gone.end());
+  if (hasCoverage(before) && !hasCoverage(merging.result)) {
+    merging.notes.emplace_back("coverage of all inks dropped: it was measured for another set");
+  }
+  noteForeign(before, merging.result, merging);
+  return merging;
+}
+
+}  // namespace vxmeta
