@@ -161,7 +161,7 @@ class Words {
     const bool isRepaired = isAnyOf(property, {"dc:title", "dc:description", "dc:rights",
                                                "xmpRights:UsageTerms", "exif:UserComment"});
     for (const XmlElement& child : value.children) {
-      const bool isSameValue = child.name == rdf("value") || child.name == rdf("Description");
+      const bool isSameValue = isAnyOf(child.name, {"rdf:value", "rdf:Description"});
       if (isArray(child)) {
         addItems(child, lasts, isRepaired);
       } else {
