@@ -71,6 +71,7 @@ int main(int argc, char** argv) {
     vxmeta::addCheck(app, state);
     vxmeta::addDiff(app, state);
     vxmeta::addExtract(app, state);
+    vxmeta::addEmbed(app, state);
     vxmeta::addSchema(app, state);
     return afterPrinting(run(app, state, argc, argv));
   } catch (const std::exception& error) {

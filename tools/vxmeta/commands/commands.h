@@ -23,6 +23,7 @@ void addGet(CLI::App& app, Run& run);
 void addCheck(CLI::App& app, Run& run);
 void addDiff(CLI::App& app, Run& run);
 void addExtract(CLI::App& app, Run& run);
+void addEmbed(CLI::App& app, Run& run);
 void addSchema(CLI::App& app, Run& run);
 
 }  // namespace vxmeta
