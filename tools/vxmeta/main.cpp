@@ -74,6 +74,7 @@ int main(int argc, char** argv) {
     vxmeta::addApply(app, state);
     vxmeta::addMerge(app, state);
     vxmeta::addExtract(app, state);
+    vxmeta::addEmbed(app, state);
     vxmeta::addReport(app, state);
     vxmeta::addSchema(app, state);
     return afterPrinting(run(app, state, argc, argv));

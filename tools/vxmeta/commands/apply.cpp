@@ -83,6 +83,7 @@ void addApply(CLI::App& app, Run& run) {
   command->add_option("JSON", options->json, "JSON as json prints it; - is standard input")
       ->required();
   addWriteOptions(*command, options->outputs);
+  addStampOption(*command, options->outputs);
   addReadOptions(*command, options->inputs);
   command->footer(
       "Sections and fields that the JSON lacks stay as they are; [] empties a list, null deletes "

@@ -26,6 +26,7 @@ void addSet(CLI::App& app, Run& run);
 void addApply(CLI::App& app, Run& run);
 void addMerge(CLI::App& app, Run& run);
 void addExtract(CLI::App& app, Run& run);
+void addEmbed(CLI::App& app, Run& run);
 void addReport(CLI::App& app, Run& run);
 void addSchema(CLI::App& app, Run& run);
 

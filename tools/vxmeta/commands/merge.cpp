@@ -97,6 +97,7 @@ void addMerge(CLI::App& app, Run& run) {
   command->add_flag("--foreign", options->wishes.isForeign,
                     "Copy properties of other schemas too, where TARGET has none");
   addWriteOptions(*command, options->outputs);
+  addStampOption(*command, options->outputs);
   addReadOptions(*command, options->inputs);
   command->footer(
       "Inks, external references, fonts, CAD files, barcodes and layers that TARGET has not yet "

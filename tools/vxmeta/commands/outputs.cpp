@@ -50,11 +50,14 @@ void addWriteOptions(CLI::App& command, Outputs& outputs) {
   command.add_flag(
       "--force", options.force,
       "Write also where something is lost, or the file is signed, protected or mended");
-  command.add_flag("--stamp", outputs.isStamped, "Set xmp:MetadataDate, when anything changes");
   command
       .add_option("--how", options.how, "Way into a PDF: splice (same length), append or rewrite")
       ->type_name("WAY")
-      ->transform(CLI::CheckedTransformer(kWays, CLI::ignore_case));
+      ->transform(CLI::CheckedTransformer(kWays, CLI::ignore_case).description(""));
+}
+
+void addStampOption(CLI::App& command, Outputs& outputs) {
+  command.add_flag("--stamp", outputs.isStamped, "Set xmp:MetadataDate, when anything changes");
 }
 
 void loadTarget(const std::string& name, const Inputs& inputs, Target& target, Outcome& outcome) {

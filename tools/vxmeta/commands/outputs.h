@@ -22,6 +22,7 @@ struct Outputs {
 };
 
 void addWriteOptions(CLI::App& command, Outputs& outputs);
+void addStampOption(CLI::App& command, Outputs& outputs);  // of those that edit
 
 // A file that is opened to be changed.
 struct Target {

@@ -4,7 +4,7 @@
 #include <memory>
 
 #include "commands/inputs.h"
-#include "commands/output.h"
+#include "commands/made_file.h"
 #include "files/file_kind.h"
 #include "files/input_file.h"
 

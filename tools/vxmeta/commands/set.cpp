@@ -44,6 +44,7 @@ void addSet(CLI::App& app, Run& run) {
                    "PATH=VALUE or PATH+=JSON; paths are those of get")
       ->required();
   addWriteOptions(*command, options->outputs);
+  addStampOption(*command, options->outputs);
   addReadOptions(*command, options->inputs);
   command->footer(
       "Texts are taken as they are, all else as JSON. PATH= deletes a value or empties it, as the "

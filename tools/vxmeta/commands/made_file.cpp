@@ -1,4 +1,4 @@
-#include "commands/output.h"
+#include "commands/made_file.h"
 
 #include <cerrno>
 #include <cstdio>
