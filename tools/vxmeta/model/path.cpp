@@ -68,12 +68,14 @@ class Parser {
     const Field* field = record.kind == Kind::record ? record.field(name) : nullptr;
     if (field != nullptr && field->isStored) return *field;
     if (record.kind != Kind::record) refuse(text_, fmt::format("no field '{}' in there", name));
-    refuse(text_, fmt::format("no field '{}'; {}there are: {}", name, guess(), namesOf(record)));
+    const bool isSelection = at_ < text_.size() && text_[at_] == '=';
+    const auto near = isSelection ? nearestPaths(name, record) : nearestPaths(text_, root_);
+    refuse(text_,
+           fmt::format("no field '{}'; {}there are: {}", name, guess(near), namesOf(record)));
   }
 
   // "did you mean job.orderid? "
-  std::string guess() const {
-    const std::vector<std::string> paths = nearestPaths(text_, root_);
+  static std::string guess(const std::vector<std::string>& paths) {
     return paths.empty() ? "" : fmt::format("did you mean {}? ", fmt::join(paths, ", "));
   }
 
