@@ -4,8 +4,10 @@
 #include <exempi/xmperrors.h>
 
 #include "files/artwork.h"
+#include "files/canonical.h"
 #include "files/exempi_call.h"
 #include "files/packet_text.h"
+#include "files/png_chunks.h"
 #include "files/replace_file.h"
 
 namespace vxmeta {
@@ -16,7 +18,7 @@ namespace {
                   what + " (error " + std::to_string(xmp_get_error()) + "); nothing is written");
 }
 
-// exempi's own copies, where it makes any, are beside the file: in the directory that goes.
+// Copies that exempi makes are beside the file, in the directory that goes.
 void put(const std::string& path, const FileKind& kind, const std::string& packet) {
   const ExempiCall call;
   XmpFilePtr file = xmp_files_open_new(path.c_str(), XMP_OPEN_FORUPDATE);
@@ -30,17 +32,9 @@ void put(const std::string& path, const FileKind& kind, const std::string& packe
   if (!isTaken || !isClosed) throwUnwritten(kind, "the write failed");
 }
 
-// The library's text of the packet, which is the same for the same properties.
-std::string canonical(const std::string& packet) {
-  XMPlib xmp;
-  xmp.SetXML(packet);
-  if (!xmp.ErrStr().empty()) throw FileError("the packet cannot be read: " + xmp.ErrStr());
-  return xmp.GetXML();
-}
-
 void requireWritten(const std::string& path, const FileKind& kind, const std::string& packet) {
   const std::string found = readArtwork(InputFile(path), kind).text;
-  if (canonical(found) == canonical(packet)) return;
+  if (canonicalText(found) == canonicalText(packet)) return;
   throw FileError(std::string("this ") + kind.name +
                   " file would not hold the packet as it is; nothing is written");
 }
@@ -54,12 +48,10 @@ void requireFits(const FileKind& kind, const std::string& packet) {
   throw FileError("the packet is over 64 KB, more than a JPEG holds in one piece; use TIFF or PSD");
 }
 
-std::string oldPacket(const InputFile& file, const FileKind& kind) {
-  try {
-    return readArtwork(file, kind).text;
-  } catch (const NoPacketError&) {
-    return {};
-  }
+// exempi writes a shorter packet of a PNG over the old one, whose end then stays behind it.
+void copyFor(const InputFile& file, const FileKind& kind, const std::string& to) {
+  if (std::string_view(kind.name) == "PNG") return copyPngWithoutPacket(file, to);
+  copyFile(file.path(), to);
 }
 
 }  // namespace
@@ -67,10 +59,8 @@ std::string oldPacket(const InputFile& file, const FileKind& kind) {
 Written writeArtwork(const InputFile& file, const FileKind& kind, const std::string& packet,
                      const std::string& to) {
   requireFits(kind, packet);
-  const std::string old = oldPacket(file, kind);
-  copyFile(file.path(), to);
-  put(to, kind,
-      old.size() > packet.size() ? atLength(packet, old.size()).value_or(packet) : packet);
+  copyFor(file, kind, to);
+  put(to, kind, packet);
   requireWritten(to, kind, packet);
   return {std::string("written into the ") + kind.name, {}};
 }

@@ -29,6 +29,7 @@ bool isOneOf(QPDFObjectHandle type, const Keys& names) {
 }
 
 bool isOfStorage(QPDFObjectHandle object) {
+  if (object.isDictionary() && object.hasKey("/Linearized")) return true;
   return object.isStream() && isOneOf(object.getDict().getKey("/Type"), {"/XRef", "/ObjStm"});
 }
 
