@@ -259,7 +259,7 @@ TEST(ApplyJson, IsRefusedByLineAndPointer) {
       {"{\n\"colours\":\n []}", "line 3: /colours: there is no such field"},
       {"{\"scalars\": {\"nrPages\": 1\n,\n\"startLogPage\": \"1\"\n}}",
        "line 3: /scalars/startLogPage: expected an integer"},
-      {"{\"dgcs\": [{\"values\": [1,\n2,\n3\n,\ntrue]}]}", "line 5: /dgcs/0/values/4: "},
+      {"{\"dgcs\": [{\"values\": [1,\n2,\n3\n,\ntrue]}]}", "line 5: /dgcs/0/values/3: "},
       {"{\"dgcs\": [{\"values\": [1,\n2\n,\"3\"]}]}", "line 3: /dgcs/0/values/2: "},
       {"{\"job\": {\"id\": \"1\",\n\"id\": \"1\"}}", "line 2: /job/id: stands there twice"},
       {"{\"foreign\": [{\"a\": 1, \"a\": 1}]}", "line 1: /foreign/0/a: stands there twice"},

@@ -65,7 +65,7 @@ TEST(Set, RefusesAndWritesNothing) {
   const std::pair<const char*, const char*> cases[] = {
       {"job.ordrid=1", "no field 'ordrid'; did you mean job.orderid? there are: "},
       {"orderid=1", "did you mean job.orderid?"},
-      {"ink[0].angle=1", "did you mean inks?"},
+      {"ink[0].angle=1", "did you mean inks.angle"},
       {"job.orderid", "expected PATH=VALUE"},
       {"inks[99].angle=1", "inks[99].angle: there is no item [99]"},
       {"inks[name=none].angle=1", "there is no item [name=none]"},
@@ -241,7 +241,7 @@ TEST(Merge, GathersResources) {
   const std::string target = scratchFile("target.xmp", packetOf(layer("a")));
   const Outcome outcome = runTool("merge " + target + " " + a + " " + b);
   EXPECT_EQ(outcome.code, 0) << outcome.err;
-  EXPECT_EQ(outcome.out.substr(0, 16), "+ layers[name=b]");
+  EXPECT_NE(outcome.out.find("layers[name=b]"), std::string::npos) << outcome.out;
   EXPECT_EQ(contentOf(target).find("o:pb"), std::string::npos);
   EXPECT_EQ(runTool("merge --foreign " + target + " " + b).code, 0);
   EXPECT_NE(contentOf(target).find("<o:pb>1</o:pb>"), std::string::npos);
