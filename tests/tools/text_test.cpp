@@ -120,7 +120,7 @@ TEST_F(Text, LeavesOutWhatIsNotValid) {
 TEST(Paths, ThatNoDocumentHasAreRefused) {
   const std::pair<const char*, const char*> cases[] = {
       {"", "no field ''"},
-      {"jobs", "no field 'jobs'; there are: vxmeta, file"},
+      {"jobs", "no field 'jobs'; did you mean job? there are: vxmeta, file"},
       {"job.name.x", "no field 'x' in there"},
       {"job[0]", "only a list has items"},
       {"inks.name", "choose an item, as in 'inks[0]'"},
@@ -132,7 +132,7 @@ TEST(Paths, ThatNoDocumentHasAreRefused) {
       {"inks[name=", "']' is missing"},
       {"inks[name=\"a]", "']' is missing"},
       {"inks[0]name", "expected '.' or '[' at 'name'"},
-      {"inks[nam=a]", "no field 'nam'; there are: name, type"},
+      {"inks[nam=a]", "no field 'nam'; did you mean inks.name? there are: name, type"},
       {"film.metadata[ink=a]", "no single value"},
       {"film.dimensions.spare", "no field 'spare'"},
   };

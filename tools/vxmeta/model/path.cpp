@@ -68,12 +68,18 @@ class Parser {
     const Field* field = record.kind == Kind::record ? record.field(name) : nullptr;
     if (field != nullptr && field->isStored) return *field;
     if (record.kind != Kind::record) refuse(text_, fmt::format("no field '{}' in there", name));
-    refuse(text_, fmt::format("no field '{}'; {}there are: {}", name, guess(), namesOf(record)));
+    refuse(text_,
+           fmt::format("no field '{}'; {}there are: {}", name, guess(name), namesOf(record)));
   }
 
-  // "did you mean job.orderid? "
-  std::string guess() const {
-    const std::vector<std::string> paths = nearestPaths(text_, root_);
+  // "did you mean job.orderid? ". The name of a choice, "[name=a]", is a field of its list.
+  std::string guess(std::string_view name) const {
+    const std::size_t begin = at_ - name.size();
+    const bool isChoice = begin > 0 && text_[begin - 1] == '[';
+    const std::string choice =
+        fmt::format("{}.{}", text_.substr(0, begin - (isChoice ? 1 : 0)), name);
+    const std::string_view wanted = isChoice ? std::string_view(choice) : text_;
+    const std::vector<std::string> paths = nearestPaths(wanted, root_);
     return paths.empty() ? "" : fmt::format("did you mean {}? ", fmt::join(paths, ", "));
   }
 
