@@ -88,6 +88,7 @@ struct Part {
 };
 
 using X = XMPlib;
+
 constexpr Part kParts[] = {
     {"film.dimensions", has<&X::GetDimDatDigFilm, XMPlDimDatDigFilm>, true},
     {"film.inks", has<&X::GetInksDigFilm, std::vector<XMPlInkDigFilm>>, false},

@@ -48,7 +48,7 @@ std::string_view lastStep(std::string_view path) { return path.substr(path.rfind
 // Of a name alone, in whichever record it stands; of a path as a whole.
 std::size_t distance(std::string_view wanted, std::string_view known) {
   const std::size_t whole = editDistance(wanted, known);
-  if (lastStep(wanted) == lastStep(known)) return std::min<std::size_t>(whole, 1);
+  if (lastStep(wanted) == lastStep(known)) return std::min<std::size_t>(whole, 2);
   const bool isName = wanted.find('.') == std::string_view::npos;
   return isName ? std::min(whole, 1 + editDistance(wanted, lastStep(known))) : whole;
 }
@@ -68,7 +68,7 @@ std::vector<std::string> nearestPaths(std::string_view text, const Type& root) {
   std::vector<std::pair<std::size_t, std::string>> ranked;
   for (const std::string& path : pathsOf(root)) {
     const std::size_t far = distance(wanted, withoutItems(path));
-    if (far <= 1 + lastStep(wanted).size() / 4) ranked.emplace_back(far, path);
+    if (far <= std::max<std::size_t>(2, 1 + lastStep(wanted).size() / 4)) ranked.emplace_back(far, path);
   }
   const auto isNearer = [](const auto& a, const auto& b) { return a.first < b.first; };
   std::stable_sort(ranked.begin(), ranked.end(), isNearer);
