@@ -36,10 +36,14 @@ std::string newPacket(const std::string& path) {
 }
 
 std::string lineOf(const Change& change) {
-  const char* const kSigns[] = {"+", "-", "~", "^"};
-  const auto shown = [](const View& view) { return view.type == nullptr ? "" : shortOf(view); };
-  return fmt::format("{} {}  {} → {}\n", kSigns[static_cast<int>(change.way)], visible(change.path),
-                     shown(change.before), shown(change.after));
+  constexpr const char* kSigns[] = {"+", "-", "~", "^"};
+  std::string values;
+  for (const View& view : {change.before, change.after}) {
+    if (view.type == nullptr) continue;
+    values += (values.empty() ? "" : " → ") + shortOf(view);
+  }
+  return fmt::format("{} {}  {}\n", kSigns[static_cast<std::size_t>(change.way)],
+                     visible(change.path), values);
 }
 
 Document documentOf(const std::string& packet) {
