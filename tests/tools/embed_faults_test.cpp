@@ -35,7 +35,6 @@ class Write {
       : before_(before), options_(options), packet_(scratchFile("fault.xmp", kBegin + "b" + kEnd)) {
     directory_ = scratchPath("faults");
     file_ = directory_ + "/" + name;
-    reset();
   }
 
   void reset() {
@@ -82,7 +81,9 @@ class Write {
 
 std::vector<Call> Write::calls() {
   const std::string log = scratchPath("strace.log");
-  EXPECT_EQ(run("strace -f -o " + log).code, 0);
+  reset();
+  const Outcome outcome = run("strace -f -o " + log);
+  EXPECT_EQ(outcome.code, 0) << outcome.err;
   after_ = contentOf(file_).size();
   reset();
   static const std::set<std::string> kChanging = {
@@ -155,6 +156,7 @@ TEST(EmbedFaults, ASignalWaitsForTheWrite) {
   if (!canTrace()) GTEST_SKIP() << "strace may not trace here";
   for (const char* signal : {"TERM", "INT"}) {
     Write write("text.xmp", kBegin + "a" + kEnd, "");
+    write.reset();
     write.run(std::string("strace -f -o /dev/null -e inject=mkdir:signal=") + signal);
     EXPECT_TRUE(write.isOld() && write.isAlone()) << signal;
     write.run(std::string("strace -f -o /dev/null -e inject=rename:signal=") + signal);
@@ -175,6 +177,7 @@ TEST(EmbedFaults, AFileOverItsLimitIsAnError) {
   Pdf large = document();
   large.content = std::string(40000, ' ');
   Write write("large.pdf", large.text(), "--how append");
+  write.reset();
   const Outcome outcome = write.run("ulimit -f 16; ");
   EXPECT_EQ(outcome.code, 2);
   EXPECT_NE(outcome.err.find("make room"), std::string::npos) << outcome.err;

@@ -1,5 +1,6 @@
 #include "files/pdf_compare.h"
 
+#include <algorithm>
 #include <qpdf/Buffer.hh>
 #include <qpdf/QPDF.hh>
 #include <qpdf/QPDFObjectHandle.hh>
