@@ -43,8 +43,7 @@ void requireWritten(const std::string& path, const FileKind& kind, const std::st
 void requireFits(const FileKind& kind, const std::string& packet) {
   constexpr std::size_t kMostInJpeg = 65502;
   if (std::string_view(kind.name) != "JPEG") return;
-  const std::optional<std::string> dense = atLength(packet, kMostInJpeg);
-  if (dense || packet.size() <= kMostInJpeg) return;
+  if (packet.size() <= kMostInJpeg || atLength(packet, kMostInJpeg)) return;
   throw FileError("the packet is over 64 KB, more than a JPEG holds in one piece; use TIFF or PSD");
 }
 
