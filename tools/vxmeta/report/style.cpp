@@ -64,7 +64,7 @@ thead th { color: var(--dim); font-size: .84rem; vertical-align: bottom; white-s
 tbody th { min-width: 9rem; } tbody th.number { min-width: 3rem; }
 td bdi, th bdi { display: inline-block; max-width: 28rem; vertical-align: top; }
 .number { text-align: right; font-variant-numeric: tabular-nums; white-space: nowrap; }
-tr:target, .card:target, dl div:target, div:target, section:target { background: var(--panel);
+tr:target, .card:target, dt:target, div:target, section:target { background: var(--panel);
   outline: 2px solid var(--link); outline-offset: 2px; }
 .bar { display: inline-block; width: 7rem; height: .8em; margin-right: .4em;
   border: 1px solid var(--dim); background: var(--page); vertical-align: -.05em; }
@@ -76,8 +76,7 @@ details { margin: .4rem 0; } summary { cursor: pointer; color: var(--link); }
   padding: .6rem .9rem .7rem; break-inside: avoid; margin-bottom: .75rem; }
 .cards .card { margin: 0; }
 .cardtitle { font-weight: 600; margin: 0 0 .3rem; }
-dl { margin: 0; }
-dl div { display: grid; grid-template-columns: 8.5rem 1fr; gap: .6rem; padding: .1rem 0; }
+dl { margin: 0; display: grid; grid-template-columns: 8.5rem 1fr; gap: .2rem .6rem; }
 dt { color: var(--dim); } dd { margin: 0; overflow-wrap: anywhere; min-width: 0; }
 figure { margin: 1rem 0; break-inside: avoid; }
 figcaption { max-width: 40rem; margin-top: .3rem; }
@@ -113,7 +112,7 @@ svg .shared { fill: var(--warning); font-weight: 600; }
   h1 { font-size: 1.35rem; }
   .bar { width: 4rem; }
   td bdi, th bdi { max-width: 14rem; }
-  dl div { grid-template-columns: 7rem 1fr; }
+  dl { grid-template-columns: 7rem 1fr; }
 }
 @media print {
   @page { margin: 14mm; }
