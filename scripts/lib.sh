@@ -114,7 +114,7 @@ need_build_tools() {
 }
 
 need_test_tools() {
-  need_build_tools libgtest-dev binutils locales qpdf strace python3-jsonschema "$@"
+  need_build_tools libgtest-dev binutils locales qpdf python3-jsonschema strace tidy "$@"
 }
 
 # build PRESET TARGET [OPTION...] configures build/PRESET and builds TARGET in it, and shows output

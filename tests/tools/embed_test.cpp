@@ -82,7 +82,7 @@ TEST(EmbedIntoText, ADryRunPrintsTheDifference) {
   const Outcome outcome =
       runTool("embed --dry-run " + file + " " VXMETA_EXAMPLES "/folding_carton.xmp");
   EXPECT_EQ(outcome.code, 0) << outcome.err;
-  EXPECT_NE(outcome.out.find("+ inks"), std::string::npos) << outcome.out;
+  EXPECT_NE(outcome.out.find("+  inks"), std::string::npos) << outcome.out;
   EXPECT_EQ(contentOf(file), kOld);
 }
 

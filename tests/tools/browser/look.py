@@ -1,4 +1,4 @@
-"""look.py VXMETA FOLDER: makes reports, looks at them in a browser, and keeps the pictures."""
+"""look.py VXMETA FOLDER [REPORT...]: makes reports, looks at them in a browser, and keeps the pictures."""
 import os
 import subprocess
 import sys
@@ -19,11 +19,13 @@ def write(path, text):
     return path
 
 
-def reports(program, folder):
+def reports(program, folder, chosen):
     big = write(os.path.join(folder, "big.xmp"), packets.big())
     hostile = write(os.path.join(folder, "hostile.xmp"), packets.hostile())
     for name, files in {"carton": [CARTON], "big": [big], "hostile": [hostile],
                         "several": [CARTON, hostile, big]}.items():
+        if chosen and name not in chosen:
+            continue
         page = os.path.join(folder, name + ".html")
         subprocess.run([program, "report", *files, "-o", page], check=True)
         yield name, page
@@ -50,10 +52,10 @@ def faults_of(browser, name, page, folder):
     return faults
 
 
-def main(program, folder):
+def main(program, folder, *chosen):
     os.makedirs(folder, exist_ok=True)
     faults, browser = [], Browser()
-    for name, page in reports(program, folder):
+    for name, page in reports(program, folder, chosen):
         if not is_valid(page):
             faults.append(f"{name}: is not valid")
         faults += faults_of(browser, name, page, folder)

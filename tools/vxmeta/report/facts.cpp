@@ -101,7 +101,7 @@ Markup factsPart(const Document& document, Place& place) {
                  recordCard("pdfData", "PDF data", document.pdfData, place) +
                  recordCard("mmData", "Media management", document.mmData, place) +
                  packetCard(document, place);
-  return place.section("", "The document", element("div", {{"class", "cards"}}, cards));
+  return place.section("facts", "The document", element("div", {{"class", "cards"}}, cards));
 }
 
 }  // namespace vxmeta

@@ -24,6 +24,7 @@ struct Sheet {
 };
 
 constexpr Point kCorner = {60, 34};
+constexpr double kLeastMiddle = 90;  // room for the measure of a narrow side
 
 bool fits(const Margins& margins, const Sheet& sheet) {
   const bool isAny =
@@ -49,10 +50,10 @@ Markup measures(const Sheet& sheet, double width, double height) {
   const double bottom = kCorner.y + height;
   const std::string units = isolated(shortened(sheet.units, 12));
   return line({kCorner.x, kCorner.y - 10}, {right, kCorner.y - 10}, "measure") +
-         label({kCorner.x + width / 2, kCorner.y - 16}, "middle",
+         label({std::max(kCorner.x + width / 2, kLeastMiddle), kCorner.y - 16}, "middle",
                fmt::format("{} {}", sheet.width, units)) +
          line({kCorner.x - 10, kCorner.y}, {kCorner.x - 10, bottom}, "measure") +
-         turnedLabel({kCorner.x - 16, kCorner.y + height / 2}, "middle",
+         turnedLabel({kCorner.x - 16, std::max(kCorner.y + height / 2, kLeastMiddle)}, "middle",
                      fmt::format("{} {}", sheet.height, units));
 }
 
@@ -92,7 +93,8 @@ Markup sheetFigure(const Sheet& sheet, const std::optional<XMPlCadReg>& cad) {
   const Markup content = box(kCorner, width, height, "sheet") + marginBox(sheet, scale) +
                          measures(sheet, width, height) + mark;
   return element("figure",
-                 drawing(kCorner.x + width + 16, kCorner.y + height + 16, title, content) +
+                 drawing(std::max(kCorner.x + width + 16, 2 * kLeastMiddle),
+                         std::max(kCorner.y + height + 16, 2 * kLeastMiddle), title, content) +
                      element("figcaption", plain(captionOf(sheet, !mark.empty()))));
 }
 

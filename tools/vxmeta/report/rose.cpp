@@ -14,7 +14,7 @@ namespace vxmeta {
 namespace {
 
 constexpr double kRadius = 110;
-constexpr Point kCentre = {200, 140};
+constexpr Point kCentre = {260, 140};
 constexpr std::size_t kMostDrawn = 24;
 
 // The names at one angle of a turn of 90 degrees, in hundredths.
@@ -94,20 +94,58 @@ std::string namesOf(const Direction& direction, std::size_t most) {
   return rest == 0 ? names : names + fmt::format(" and {} more", rest);
 }
 
-Markup labelsOf(const Direction& direction) {
+// A text beside the rim.
+struct Label {
+  std::string text;
+  const char* anchor = "";
+  Point place;
+  double left = 0;  // as far as its width can be guessed
+  double right = 0;
+};
+
+Label labelOf(const Direction& direction) {
+  constexpr double kCharacter = 7.5;
   const Spoke& spoke = *direction.spokes[0];
   const double angle = modulo(spoke.angle, 180);
-  const Point end = at(angle, kRadius + 10);
   const std::size_t others = direction.spokes.size() - 1;
   const std::string more = others == 0 ? "" : fmt::format(" +{}", others);
-  const std::string text = fmt::format("{}° {}{}", direction.spokes[0]->angle,
-                                       isolated(shortened(spoke.name, 12)), more);
+  const std::string name = shortened(spoke.name, 10);
+  Label label{fmt::format("{:.4g}° {}{}", spoke.angle, isolated(name), more), anchorAt(angle),
+              at(angle, kRadius + 10)};
+  if (angle < 10 || angle > 170) label.place.y -= 6;
+  const double width = kCharacter * static_cast<double>(name.size() + more.size() + 6);
+  label.left = label.place.x - (angle > 100 ? width : angle < 80 ? 0 : width / 2);
+  label.right = label.left + width;
+  return label;
+}
+
+bool areOnOneAnother(const Label& a, const Label& b) {
+  return std::abs(a.place.y - b.place.y) < 14 && a.left < b.right && b.left < a.right;
+}
+
+Markup labelMarkup(const Label& label, bool isShared) {
   return element("text",
-                 {{"class", direction.spokes.size() > 1 ? "shared" : ""},
-                  {"text-anchor", anchorAt(angle)},
-                  {"x", number(end.x)},
-                  {"y", number(end.y + (angle < 10 || angle > 170 ? -2 : 4))}},
-                 plain(text));
+                 {{"class", isShared ? "shared" : ""},
+                  {"text-anchor", label.anchor},
+                  {"x", number(label.place.x)},
+                  {"y", number(label.place.y + 4)}},
+                 plain(label.text));
+}
+
+// Those that have room; the pointer shows the others' names.
+Markup labelsOf(const std::vector<Direction>& directions) {
+  std::vector<Label> placed;
+  Markup labels;
+  for (const Direction& direction : directions) {
+    const Label label = labelOf(direction);
+    const bool hasRoom = std::none_of(placed.begin(), placed.end(), [&](const Label& other) {
+      return areOnOneAnother(label, other);
+    });
+    if (!hasRoom || placed.size() == kMostDrawn) continue;
+    labels += labelMarkup(label, direction.spokes.size() > 1);
+    placed.push_back(label);
+  }
+  return labels;
 }
 
 bool areClose(const Direction& a, const Direction& b) {
@@ -156,16 +194,15 @@ Markup warningsOf(const std::vector<Direction>& directions) {
 }
 
 Markup spokesOf(const std::vector<Direction>& directions) {
-  Markup spokes, labels;
+  Markup spokes;
   std::size_t drawn = 0;
   for (const Direction& direction : directions) {
     if (drawn++ == kMostDrawn) break;
     for (std::size_t i = 0; i < direction.spokes.size() && i < 4; ++i) {
       spokes += spokeMarkup(*direction.spokes[i]);
     }
-    labels += labelsOf(direction);
   }
-  return spokes + labels;
+  return spokes + labelsOf(directions);
 }
 
 }  // namespace
@@ -179,7 +216,7 @@ Markup roseOf(const std::string& title, const std::vector<Spoke>& spokes) {
   const std::vector<Direction> directions = directionsOf(spokes);
   if (directions.empty()) return {};
   const Markup rose =
-      drawing(400, 156, title, scaleOf() + wedgesOf(directions) + spokesOf(directions));
+      drawing(520, 156, title, scaleOf() + wedgesOf(directions) + spokesOf(directions));
   const Markup caption = element(
       "figcaption",
       element("strong", plain(title)) +

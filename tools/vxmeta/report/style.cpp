@@ -20,7 +20,8 @@ html { color-scheme: light dark; }
 body { margin: 0; background: var(--page); color: var(--text);
   font: 15px/1.45 system-ui, "Segoe UI", Roboto, "Helvetica Neue", "Liberation Sans", sans-serif; }
 main { max-width: 68rem; margin: 0 auto; padding: 1.5rem 1.25rem 4rem; }
-bdi { white-space: pre-wrap; overflow-wrap: anywhere; }
+main { overflow-wrap: anywhere; }
+bdi { white-space: pre-wrap; }
 h1, h2, h3, h4 { line-height: 1.2; margin: 0; overflow-wrap: anywhere; break-after: avoid; }
 h1 { font-size: 1.75rem; }
 h2 { font-size: 1.25rem; margin: 2.25rem 0 .75rem; padding-bottom: .3rem;
@@ -53,17 +54,17 @@ small, .note, figcaption, .id { color: var(--dim); font-size: .87rem; }
 .id::before { content: "["; } .id::after { content: "]"; }
 .signs li { margin: .3rem 0; color: var(--text); }
 .scroll { overflow-x: auto; margin: .5rem 0; }
-table { border-collapse: collapse; min-width: 40%; }
+table { border-collapse: collapse; min-width: 40%; overflow-wrap: break-word; }
 caption { position: absolute; width: 1px; height: 1px; overflow: hidden; clip-path: inset(50%);
   white-space: nowrap; }
 th, td { text-align: left; vertical-align: top; padding: .35rem .9rem .35rem 0;
   border-bottom: 1px solid var(--line); font-weight: normal; min-width: 3rem; }
 th:last-child, td:last-child { padding-right: 0; }
 thead th { color: var(--dim); font-size: .84rem; vertical-align: bottom; white-space: nowrap; }
-tbody th { min-width: 8rem; } tbody th.number { min-width: 3rem; }
-td bdi, th bdi { display: inline-block; max-width: 28rem; min-width: 0; vertical-align: top; }
+tbody th { min-width: 9rem; } tbody th.number { min-width: 3rem; }
+td bdi, th bdi { display: inline-block; max-width: 28rem; vertical-align: top; }
 .number { text-align: right; font-variant-numeric: tabular-nums; white-space: nowrap; }
-tr:target, .card:target, dl div:target, div:target, section:target { background: var(--panel);
+tr:target, .card:target, dt:target, div:target, section:target { background: var(--panel);
   outline: 2px solid var(--link); outline-offset: 2px; }
 .bar { display: inline-block; width: 7rem; height: .8em; margin-right: .4em;
   border: 1px solid var(--dim); background: var(--page); vertical-align: -.05em; }
@@ -75,8 +76,7 @@ details { margin: .4rem 0; } summary { cursor: pointer; color: var(--link); }
   padding: .6rem .9rem .7rem; break-inside: avoid; margin-bottom: .75rem; }
 .cards .card { margin: 0; }
 .cardtitle { font-weight: 600; margin: 0 0 .3rem; }
-dl { margin: 0; }
-dl div { display: grid; grid-template-columns: 8.5rem 1fr; gap: .6rem; padding: .1rem 0; }
+dl { margin: 0; display: grid; grid-template-columns: 8.5rem 1fr; gap: .2rem .6rem; }
 dt { color: var(--dim); } dd { margin: 0; overflow-wrap: anywhere; min-width: 0; }
 figure { margin: 1rem 0; break-inside: avoid; }
 figcaption { max-width: 40rem; margin-top: .3rem; }
@@ -111,7 +111,8 @@ svg .shared { fill: var(--warning); font-weight: 600; }
   main { padding: 1rem .8rem 3rem; }
   h1 { font-size: 1.35rem; }
   .bar { width: 4rem; }
-  dl div { grid-template-columns: 7rem 1fr; }
+  td bdi, th bdi { max-width: 14rem; }
+  dl { grid-template-columns: 7rem 1fr; }
 }
 @media print {
   @page { margin: 14mm; }
@@ -123,7 +124,10 @@ svg .shared { fill: var(--warning); font-weight: 600; }
   th, td { padding-right: .5rem; min-width: 0; }
   tbody th { min-width: 0; }
   thead { display: table-header-group; } tr { break-inside: avoid; }
-  .bar { width: 3.5rem; }
+  .bar { width: 3rem; }
+  td bdi, th bdi { max-width: 9rem; }
+  td:last-child bdi { max-width: 14rem; }
+  td { max-width: 14rem; }
   article + article { break-before: page; border: 0; }
 }
 )css";

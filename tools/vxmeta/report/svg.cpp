@@ -21,13 +21,15 @@ Markup titleOf(std::string_view text) {
 }
 
 Markup drawing(double width, double height, std::string_view title, const Markup& content) {
+  const std::string wide = number(std::ceil(width));  // whole pixels: some readers take no others
+  const std::string high = number(std::ceil(height));
   return element("svg",
                  {{"xmlns", "http://www.w3.org/2000/svg"},
                   {"role", "img"},
                   {"aria-label", std::string(title)},
-                  {"width", number(width)},
-                  {"height", number(height)},
-                  {"viewBox", fmt::format("0 0 {} {}", number(width), number(height))}},
+                  {"width", wide},
+                  {"height", high},
+                  {"viewBox", fmt::format("0 0 {} {}", wide, high)}},
                  element("title", plain(title)) + content);
 }
 

@@ -158,10 +158,11 @@ Markup definitions(std::string_view path, const View& record, Place& place) {
     const Markup content = fieldMarkup(record, field);
     if (content.empty()) continue;
     const std::string unit = unitOf(record, field);
-    all +=
-        element("div", {{"id", place.mark(fmt::format("{}.{}", path, field.name))}},
-                element("dt", {{"title", std::string(field.help)}}, plain(labelOf(field))) +
-                    element("dd", content + (unit.empty() ? Markup{} : plain(" ") + value(unit))));
+    all += element("dt",
+                   {{"id", place.mark(fmt::format("{}.{}", path, field.name))},
+                    {"title", std::string(field.help)}},
+                   plain(labelOf(field))) +
+           element("dd", content + (unit.empty() ? Markup{} : plain(" ") + value(unit)));
   }
   return all.empty() ? all : element("dl", all);
 }
