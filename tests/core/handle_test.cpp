@@ -21,7 +21,7 @@ constexpr const char* kInk = "name type frequency angle=2.5 r g b attribute";
 void onManyThreads(const std::function<void(int)>& work) {
   constexpr int kThreads = 8;
   std::latch start(kThreads);
-  std::vector<std::jthread> threads;
+  std::vector<std::thread> threads;
   threads.reserve(kThreads);
   for (int t = 0; t < kThreads; ++t) {
     threads.emplace_back([&start, &work, t] {
@@ -29,6 +29,7 @@ void onManyThreads(const std::function<void(int)>& work) {
       work(t);
     });
   }
+  for (std::thread& thread : threads) thread.join();
 }
 
 }  // namespace

@@ -93,7 +93,7 @@ TEST(Process, ForksBesideIdleThreads) {
     XMPlib parents;
     parents.SetNrPages(5);
     std::latch loaded(3), done(1);
-    std::vector<std::jthread> threads;
+    std::vector<std::thread> threads;
     threads.reserve(2);
     for (int t = 0; t < 2; ++t) {
       threads.emplace_back([&] {
@@ -108,6 +108,7 @@ TEST(Process, ForksBesideIdleThreads) {
     const auto leave = reachesMalloc() ? std::exit : std::_Exit;
     const std::string childs = inChild([&] { return parents.GetXML() + loadedAndSaved(); }, leave);
     done.count_down();
+    for (std::thread& thread : threads) thread.join();
     return childs == parents.GetXML() + before && before == loadedAndSaved() ? "same" : childs;
   });
   EXPECT_EQ(seen, "same");
