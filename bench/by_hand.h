@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // The same work with plain calls of the toolkit, as a careful application programmer writes it who
 // has no such library: one path buffer, no call more than the work needs.
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // The document-level records and scalars with plain calls of the toolkit.
 #include "by_hand_read.h"
 #include "paths.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // All lists that a document may have, with plain calls of the toolkit.
 #include "by_hand_read.h"
 #include "paths.h"

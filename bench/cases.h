@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // All that is measured, for both ways of measuring: by time, and by counting instructions.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // The records and scalars that a document has one of each.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Work that must grow in step with the records.
 #include <memory>
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // What `vxmeta get FILE job.id` does, by the library alone: the least that the tool can cost.
 #include <XMPlib.h>
 

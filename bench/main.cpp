@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // bench --list         names the cases
 // bench --list-counted names those whose instructions are counted
 // bench --check        whether the sides of each group make the same of the same

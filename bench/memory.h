@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Peaks of memory, each measured in a process of its own.
 #pragma once
 

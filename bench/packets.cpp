@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Whole packets: loaded, saved, and all that lies between.
 #include <thread>
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // For those who address fields by path.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // What the benchmarks work on: records as documents have them, packets that hold them, and digests
 // by which two ways of doing the same work are compared.
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // The two sides that nearly every group has, made ready.
 #pragma once
 

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: Apache-2.0
 """table.py TIMES COUNTS PEAKS [--markdown]: prints the table of ratios.
 
 TIMES is Google Benchmark's JSON, COUNTS has a line "case instructions" for each case, PEAKS a line

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: Apache-2.0
 """tool.py VXMETA LIBRARY_GET CARTON: prints what the tool costs, beside the library and others."""
 import os
 import re

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: Apache-2.0
 # What `cmake --install` puts down, in two components: Runtime (the shared library, the licences) and
 # Development (headers, the links and archives that programs link to, CMake package, pkg-config
 # files). The build tree serves programs in the same way.

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: Apache-2.0
 # How the shared library is linked where libraries are ELF.
 
 set(version_script "${PROJECT_SOURCE_DIR}/cmake/VXXMPlibShared.map")

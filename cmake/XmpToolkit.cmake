@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: Apache-2.0
 # The XMP Toolkit's core (XMPCore), built from source as the static library xmp_toolkit.
 
 set(XMP_TOOLKIT_SOURCE_DIR "$ENV{XMP_TOOLKIT_SOURCE_DIR}" CACHE PATH "Root of an XMP Toolkit SDK source tree")

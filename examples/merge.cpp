@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // merge [PACKET-FILE...]
 //
 // Gathers the resources of placed documents into one job, then merges four separations into a

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Finds the XMP packet in a file without a library that knows the file's format.
 #ifndef PACKET_IN_FILE_H
 #define PACKET_IN_FILE_H

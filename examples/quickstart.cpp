@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // quickstart FILE [-o PACKET]
 //
 // Takes the XMP packet out of a document (PDF, AI, EPS, INDD, TIFF, ... or a bare packet), shows

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Packets, changed by every operation that there is: whatever becomes of them can be saved and
 // loaded. The first section of an input are operations, the others packets.
 #include "trips.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Files of any kind, read as the tool reads them: either what is in them or an error in words.
 #include <unistd.h>
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // JSON, applied to a document without records and to one with some: it is refused, or what has
 // become of the document is a document, whose own JSON changes nothing.
 #include <cstdio>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Packets, merged. "====" on a line of its own stands between them; the first byte holds the flags.
 #include "packets.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Packet text, loaded, read, rewritten and saved.
 #include "packets.h"
 #include "support/read_counts.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Packets as inputs, and what is saved and loaded again.
 #pragma once
 

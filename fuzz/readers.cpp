@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // The ways from a packet's text to nodes and back, against the toolkit's own.
 #include <sstream>
 

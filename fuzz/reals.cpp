@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Numbers as text and back, against the C library and the rules of the stored form, taken word by
 // word.
 #include "core/value_text.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Records, written, read back, and read again from the saved packet. The first byte picks the kind.
 #include "core/value_text.h"
 #include "packets.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Runs a fuzz target once for every file that is named.
 #include <fstream>
 #include <iostream>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Compaction and expansion of numbered images, against plain models of both.
 #include <regex>
 #include <set>

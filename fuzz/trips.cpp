@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Packets, loaded, saved and loaded again: all is kept, but for what docs/limits.md says is not.
 #include "trips.h"
 

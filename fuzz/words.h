@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // What a packet says: the texts of its values, found by the XML parser alone.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // XMPlib: the production metadata of one document, kept as an XMP packet, read and written as
 // typed records.
 #ifndef XMPLIB_H

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: Apache-2.0
 # Shared by the scripts beside it: what the project needs and how it is had on Debian 12.
 # Sourced, not run.
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 #include <exiv2/exiv2.hpp>
 #include <stdexcept>
 

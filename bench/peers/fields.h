@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // The fields of records by name, for those who meet them in a walk.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 /// @defgroup document Document
 /// Records that describe the document as a whole.
 /// Stored form: [document](docs/format/document.md), [digital films](docs/format/films.md).

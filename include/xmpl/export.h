@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Symbol visibility of the shared library.
 #ifndef XMPL_EXPORT_H
 #define XMPL_EXPORT_H

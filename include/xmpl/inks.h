@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 /// @defgroup inks Inks
 /// Records of inks, DGC curves and digital films.
 /// Stored form: [inks](docs/format/inks.md), [digital films](docs/format/films.md).

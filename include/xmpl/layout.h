@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 /// @defgroup layout Layout
 /// Records of layout.
 /// Stored form: [layout](docs/format/layout.md).

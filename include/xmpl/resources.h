@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 /// @defgroup resources Resources
 /// Records of the document's resources.
 /// Stored form: [resources](docs/format/resources.md).

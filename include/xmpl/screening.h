@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 /// @defgroup screening Screening
 /// Records of screening.
 /// Stored form: [screening](docs/format/screening.md).

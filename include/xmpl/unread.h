@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 /// @defgroup unread What a Get leaves out
 /// What reading a list leaves out, and what writing it again would therefore drop.
 /// @{

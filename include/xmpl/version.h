@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 /// @file
 /// The version of the library.
 #ifndef XMPL_VERSION_H

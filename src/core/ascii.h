@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Characters and words of ASCII, whatever the process locale.
 #pragma once
 

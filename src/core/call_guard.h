@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // The frame of every operation: error text, handle without metadata, toolkit errors.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // The handle: its life, its slot of the registry, its error text.
 #include <memory>
 #include <mutex>

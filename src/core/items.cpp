@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 #include "core/items.h"
 
 #include "core/value_text.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Arrays and the structures in them, read and written field by field. A field is named in full,
 // with its prefix ("vxFont:name").
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // The one way to merge lists: incoming records join a list unless it holds their equal.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // The one way to read and write a list of records: an array of structures.
 //
 // What one item holds is said by its fields: where reading and writing are the same, by one chain

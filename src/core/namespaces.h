@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // The schema's namespaces: URI and prefix of each, and names that are checked against them when
 // they are compiled.
 #pragma once

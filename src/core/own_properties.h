@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // What the library writes beside what others write: top-level properties, and fields of the
 // structures job reference and base document, which may be others'. By their full names.
 #pragma once

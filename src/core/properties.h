@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Top-level properties: read by their full name, written by it or by a path below one.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Real numbers, for callers who write properties of their own.
 #include <algorithm>
 #include <cstring>

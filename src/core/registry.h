@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // The process-wide table of metadata objects. A handle (XMPlib) holds a slot of it; copies of a
 // handle share the slot.
 #pragma once

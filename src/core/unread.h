@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // What reading a list leaves out, found by the list's own read and write functions: they run over
 // the stored list as its Get and its Set would, and what they do not reach is noted.
 #pragma once

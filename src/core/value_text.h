@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Values as the packet stores them: text of integers, reals and booleans. Nothing here depends on
 // the process locale or touches it.
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Base document: the structure vxPrF:DerivedFrom
 //   stRef:instanceID      text, required
 //   stRef:renditionClass  text, required

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Colour space: simple properties
 //   vxGr:colorprofloc   text, one of four locations
 //   vxGr:colorprofname  text

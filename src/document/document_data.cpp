@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Document data: simple properties, and a language alternative
 //   xmp:BaseURL       text
 //   xmp:CreateDate    text, a date

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 #include "document/film_dimensions.h"
 
 #include "core/call_guard.h"

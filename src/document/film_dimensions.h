@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Film dimensions, at the top level or in a structure, in groups of fields.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Version of the digital-film data: simple properties
 //   vxDigFilm:version    integer, required
 //   vxDigFilm:structure  text

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Job data: the standard job reference, xmpBJ:JobRef, an unordered array of structures
 //   stLoc:name         text  (read from the last item, written to the first)
 //   stLoc:id           text

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Page dimensions: simple properties, all required
 //   vxGr:units                                               text
 //   vxGr:vsize, hsize                                        real

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Product data: simple properties
 //   vxProd:id               text
 //   vxProd:prodname         text

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Document scalars: single values, each one simple property.
 #include "core/call_guard.h"
 #include "core/properties.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Standard-schema data, written for other tools: simple properties, and a language alternative
 //   pdf:Producer            text
 //   pdfxid:GTS_PDFXVersion  text

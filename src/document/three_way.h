@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Three-way fields: an empty text leaves the stored property as it is, a single blank deletes it,
 // any other text replaces it.
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // DGC curves: vxDGCL:dgcs, an unordered array of
 //   vxDGC:name    text
 //   vxDGC:values  text, optional; every number with six decimals and one blank behind it

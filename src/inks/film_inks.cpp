@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Inks of a digital film: vxGr:inks, an ordered array of
 //   vxInk:name            text
 //   vxInk:type            text

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Metadata of a digital film: vxDigFilmMetaDataList:metadataList, an ordered array of
 //   vxDigFilmMetaData:dimdata   structure: the fields of film dimensions
 //   vxDigFilmMetaData:ink       structure:

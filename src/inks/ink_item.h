@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // What the stored inks of a document and of a digital film have in common, but for their order:
 // identity, then what each has of its own, with the colour in it.
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Ink properties: name, and optional texts that are not written when empty.
 #include "core/call_guard.h"
 #include "core/unread.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // CAD registration: simple properties, all required.
 #include "core/call_guard.h"
 #include "core/properties.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Merging the packets of several digital films into one job.
 #include <set>
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Copying foreign metadata, that of schemas which this library does not manage.
 #include <algorithm>
 #include <string_view>

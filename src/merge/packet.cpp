@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Merging another packet's lists into this handle's.
 #include "XMPlib.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Barcodes: vxBarcL:barcodes, an unordered array of
 //   vxBarc:Type                text
 //   vxBarc:SymbolType          text, optional; not written when empty

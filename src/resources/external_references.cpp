@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // External references, and for older readers the same as file references in a list of their own.
 #include <algorithm>
 #include <limits>

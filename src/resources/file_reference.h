@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // A file reference as the simple lists store it, and what makes two of any list the same.
 #pragma once
 

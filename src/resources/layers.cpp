@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 #include "core/call_guard.h"
 #include "core/list_merge.h"
 #include "core/unread.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Page ranges: vxPagL:pagelist, an ordered array of
 //   vxPag:start  integer
 //   vxPag:end    integer

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Runs of numbered images. A run is one reference, named
 //   "files:" prefix "*" extension "#" first "-" last
 // where the files are named prefix number extension, and all numbers have the same count of digits.

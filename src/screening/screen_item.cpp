@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 #include "screening/screen_item.h"
 
 namespace xmpl {

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // One stored screen
 //   curves     vxScreen:singlepressDGC                                     text
 //              vxScreen:autoplateDGCreq, autoplateDGCLW, autoplateDGCCT    text

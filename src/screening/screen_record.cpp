@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Equality and order of screens.
 #include "xmpl/screening.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Screens in groups: vxScreenC:screenContainer, an ordered array of
 //   vxScreenL:screens  unordered array of screens (screen_item.h)
 // The older layout, which is only read: vxScreenL:screens at the top level.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Used references: vxUsedFL:files, an ordered array of
 //   vxUsedF:instanceID      text
 //   vxUsedF:renditionClass  text

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // What the Gets of lists leave out, over all lists of the schema.
 #include "core/unread.h"
 

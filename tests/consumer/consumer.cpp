@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // A program outside the project: typed data in, typed data out, the toolkit's error by its type.
 #include <XMP_Const.h>
 #include <XMPlib.h>

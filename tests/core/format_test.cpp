@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // docs/format.md says what the code does.
 #include <gtest/gtest.h>
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Reading by nodes answers exactly what reading by the toolkit's paths answers, errors included.
 #include "core/properties.h"
 

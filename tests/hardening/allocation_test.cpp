@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Every allocation of an operation fails in turn, alone and, in growing steps, with all behind it,
 // until the operation succeeds: nothing crashes, the lock is free, no slot of the registry is lost
 // and the handle stays usable.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Packets and calls that once crashed the library, spoilt other documents, left metadata that could
 // not be saved, or took time and memory out of all proportion.
 #include <gtest/gtest.h>

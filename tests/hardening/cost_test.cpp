@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // What packets cost that are made to cost.
 #include <gtest/gtest.h>
 

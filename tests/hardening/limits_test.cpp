@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Every statement of docs/limits.md.
 #include <gtest/gtest.h>
 

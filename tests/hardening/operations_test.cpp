@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Every operation meets a handle without metadata, properties of a wrong shape, texts that do not
 // convert, and texts that XML cannot hold. Toolkit errors leave the four operations that let them
 // pass, and no other.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // What a process lives through: a first handle for which memory is short, a fork, its end. Each
 // case has a process of its own; the one that forks them never uses the library itself.
 #include <gtest/gtest.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // A second copy of the library in one process, as a plug-in brings it along: loaded from a file of
 // its own, beside the one that the application is linked with.
 #include <XMP_Const.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // The shared library as an application meets it, in one process with another copy of the toolkit.
 #include <XMP_Const.h>
 #include <XMPlib.h>

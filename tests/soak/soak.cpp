@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // soak [ROUNDS]: loads, changes and saves a packet over and over in one process. Memory that grows
 // after the first tenth of the rounds is a leak: then it fails.
 #include <XMPlib.h>

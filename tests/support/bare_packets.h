@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Packets in bare RDF, and what makes them long.
 #pragma once
 

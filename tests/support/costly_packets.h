@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Packets that cost more than their size would make one think.
 #pragma once
 

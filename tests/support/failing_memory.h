@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Memory that runs out when a test says so, for the thread that says it.
 #pragma once
 

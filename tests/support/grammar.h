@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Texts by chance, from rules.
 #pragma once
 

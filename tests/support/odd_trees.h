@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Properties in any shape, right or wrong.
 #pragma once
 

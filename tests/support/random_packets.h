@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Packets by chance: RDF of every shape that is seen, and of many that are not, some of it damaged.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Trees of nodes, made by hand and by chance.
 #pragma once
 

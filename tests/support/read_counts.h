@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // How many items each list's Get reads, by the list's path.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // A packet's text, read in each of the ways that there are.
 #pragma once
 

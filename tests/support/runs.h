@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Runs of references, counted before anything is expanded.
 #pragma once
 

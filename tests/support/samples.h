@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // The packets in the sample files of the toolkit.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Files that cannot be read, by mistake or made to harm: a line that says what to do, and an end.
 #include <gtest/gtest.h>
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Documents as they are read.
 #include <gtest/gtest.h>
 

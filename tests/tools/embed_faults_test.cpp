@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Writes that are cut short: the file is the old one or the new one, and nothing lies about.
 #include <gtest/gtest.h>
 

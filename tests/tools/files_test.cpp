@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Packets out of files of every kind, by the built program.
 #include <gtest/gtest.h>
 

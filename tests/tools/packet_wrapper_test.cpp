@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // What a packet's wrapper says, and where packets lie in bytes.
 #include "files/packet_wrapper.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Findings on PDFs with known faults.
 #include <gtest/gtest.h>
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // The descriptions of the records.
 #include <XMP_Const.h>
 #include <gtest/gtest.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // The built program, as it is used.
 #include <gtest/gtest.h>
 

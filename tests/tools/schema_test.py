@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: Apache-2.0
 """schema_test.py VXMETA PACKET: what the tool prints obeys the schema that it prints, and the
 schema refuses what is no such document."""
 import copy

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Text for people, and paths.
 #include <gtest/gtest.h>
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // A document's JSON put into documents, and what is written then.
 #include "model/write_document.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // set, apply and merge, by the built program.
 #include <gtest/gtest.h>
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // What a Get leaves out, and that it can be asked: the operations that tell of it must never
 // disagree with the Gets.
 #include <gtest/gtest.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Sixteen characters of a text, looked at in one go.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Changes that may not be fit to be saved.
 #pragma once
 

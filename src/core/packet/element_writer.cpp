@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 #include "core/packet/element_writer.h"
 
 #include "core/packet/limits.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // One element of packet text, with all that is in it: a property, field, item or qualifier.
 //
 //   simple     <name>text</name>, <name/>, <name rdf:resource="URI"/>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // What a packet may hold, loaded and saved alike: what is over a limit is refused by a load, and by
 // whatever would make it. Within them, loading takes time and memory in step with the text.
 #pragma once

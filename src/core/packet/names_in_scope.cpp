@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 #include "core/packet/names_in_scope.h"
 
 #include <algorithm>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // The names of a packet, as they stand in it, resolved by the namespaces that hold where they
 // stand.
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Judges a packet while it is parsed. Every way of reading shows it the same events, with names and
 // namespaces decoded by the XML parser, so that no way takes what another refuses.
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // A packet's text as the XML parser shall have it.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Packet text in and out.
 #include <cstdio>
 

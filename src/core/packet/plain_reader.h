@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Reads plain packets from the XML parser's events straight into nodes: descriptions, simple
 // values, structures, arrays, language alternatives, URIs, properties as attributes. Nearly every
 // packet is one. What is not certainly plain, malformed text and what the guard refuses included,

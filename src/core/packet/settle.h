@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // What follows the reading of a packet's RDF.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // A look over a tree before it is written: whether a load would take the text, and what must be
 // known at its beginning.
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Text that grows at its end, at a few instructions per piece: room is made once for several, which
 // are then put without a look at the bounds. They gather in a buffer that is appended to the text
 // when it is full: a string cannot grow without being filled first.

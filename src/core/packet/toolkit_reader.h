@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // The toolkit's own reading, under the guard's eyes.
 #pragma once
 

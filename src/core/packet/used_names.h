@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // The names that a text uses: whether a load would take them, and the namespaces of their prefixes.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Metadata as packet text, byte for byte as the toolkit writes it, but for what it forgets to
 // escape: rdf:about, namespace URIs, the fields of a structure that is written as attributes, and
 // U+007F.

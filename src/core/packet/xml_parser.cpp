@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 #include "core/packet/xml_parser.h"
 
 #include <expat.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // The XML parser, as the packet's readers use it.
 #pragma once
 

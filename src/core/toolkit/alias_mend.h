@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Arrays and structures under aliases. The toolkit moves what stands under an alias of an array's
 // item into the array as one item, whatever its form: an array in an array, which the second save
 // loses. Photo files have tiff:ImageDescription as a language alternative.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Included into the toolkit's XMPMeta-Parse.cpp alone, before all else: aliases are mended between
 // the reading of the RDF and the toolkit's own moving of them, and a copyright that cannot be moved
 // is let alone.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Included into the toolkit's ParseRDF.cpp alone, before all else: its searches become quick ones.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // The doorway to the XMP Toolkit's client interface. Its headers are included here, by way of
 // error_text.h, and nowhere else. Two other places know the toolkit from inside: tree.cpp its
 // nodes, expat_fence.h its parser.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Copying what one tree has and another lacks.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Included before all else into what is compiled with the toolkit's headers. They copy the text of
 // an error with strdup and take a null text for no error: where memory is short, what has failed
 // would pass for done. Here such an error has a text of static storage instead.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Included into the toolkit's ExpatAdapter.cpp alone, before all else. It stands between expat and
 // the toolkit's handlers, where everything comes decoded, and
 // - keeps exceptions from passing through expat, which is C: behind one, expat believes that it is

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 #include "core/toolkit/namespace_table.h"
 
 #include "core/toolkit/nodes.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // New nodes. What is half made belongs to nobody yet: an exception frees it.
 #pragma once
 

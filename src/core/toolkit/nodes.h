@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // The toolkit's nodes from inside. Its header is its own and not part of its client interface;
 // what uses it is compiled from the same tree.
 #pragma once

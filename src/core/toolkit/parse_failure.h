@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Where a parse has ended, and why. The toolkit's own message does not say.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Sees what the toolkit's parser meets, before the toolkit does.
 #pragma once
 

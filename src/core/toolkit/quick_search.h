@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Among the children or qualifiers of a node, where there are many: the toolkit looks through all
 // of them for each that it adds, and 16,000 fields took it seconds.
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // The toolkit's tree of nodes, reached without paths: a path costs the toolkit some 6,000
 // instructions to take apart for every field, a step in the tree a few dozen. Where the tree has
 // the wrong shape, these functions throw the XMP_Error that a path would have raised.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // The plain reader reads what the toolkit reads, and refuses what the guard refuses there.
 #include <gtest/gtest.h>
 

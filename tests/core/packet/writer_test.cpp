@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // The writer beside the toolkit's own serialisation: the same bytes wherever those can be loaded.
 #include "core/packet/writer.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Trees, walked and merged by nodes, as the toolkit's iterator and paths would.
 #include "core/toolkit/whole_trees.h"
 

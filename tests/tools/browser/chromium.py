@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: Apache-2.0
 """A browser without a window, spoken to over a pipe (the DevTools protocol)."""
 import base64
 import json

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // What is wrong with the layout of the page, as a list of sentences.
 (() => {
   const found = [];

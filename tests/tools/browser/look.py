@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: Apache-2.0
 """look.py VXMETA FOLDER [REPORT...]: makes reports, looks at them in a browser, and keeps the pictures."""
 import os
 import subprocess

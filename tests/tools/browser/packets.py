@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: Apache-2.0
 """Packets for reports: a big one, and one of difficult texts."""
 from xml.sax.saxutils import quoteattr
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // PDFs for tests, small enough to stand in the test.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Runs of the built program, and the files they work on.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Barcodes of a fixed number of digits, the last of which checks the others.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // What a check finds in a document, and the table of checks.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Barcodes whose digits cannot be right.
 #include <fmt/format.h>
 #include <algorithm>

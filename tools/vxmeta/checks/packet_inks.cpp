@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Inks and their coverage.
 #include <fmt/format.h>
 #include <cctype>

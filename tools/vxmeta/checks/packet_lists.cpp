@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Lists of references, fonts and repeats.
 #include <fmt/format.h>
 #include <algorithm>

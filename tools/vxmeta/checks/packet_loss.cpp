@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // What the library's reading of a packet leaves out.
 #include <fmt/format.h>
 #include <algorithm>

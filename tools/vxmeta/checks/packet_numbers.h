@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Stored texts that stand for something else: which are what they should be.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Page ranges: against each other, the number of pages and the inks.
 #include <fmt/format.h>
 #include <algorithm>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // What the checks of a packet have in common.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Screens and the DGC curves that they name.
 #include <fmt/format.h>
 #include <algorithm>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // The packet's wrapper, and how near it is to what the library takes.
 #include <fmt/format.h>
 #include <algorithm>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // The stored texts of the schema that stand for numbers, truth values and dates.
 #pragma once
 

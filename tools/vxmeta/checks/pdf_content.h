@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // The colours that a content stream sets by itself, without a resource.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // What a PDF says of itself beside its packet.
 #pragma once
 

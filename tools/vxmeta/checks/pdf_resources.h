@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Colours and fonts of what the pages of a PDF are painted with.
 #pragma once
 

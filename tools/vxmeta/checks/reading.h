@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Records as checks read them.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 #include "checks/standard_properties.h"
 
 #include "model/stored.h"

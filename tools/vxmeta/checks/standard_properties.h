@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Properties of standard schemas that the library writes and does not read.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // vxmeta apply
 #include <fmt/format.h>
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Changes as they are printed.
 #pragma once
 

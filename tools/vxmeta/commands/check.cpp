@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // vxmeta check: what would go wrong with a document.
 #include <fmt/format.h>
 #include <algorithm>

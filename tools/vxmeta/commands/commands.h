@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // The commands of the tool. Each adds itself to the command line, and leaves its exit code.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // vxmeta embed: a packet into a file.
 #include <memory>
 

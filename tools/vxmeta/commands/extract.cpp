@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // vxmeta extract: a packet as it lies in its file.
 #include <cerrno>
 #include <cstring>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // vxmeta json, vxmeta schema
 #include <fmt/format.h>
 

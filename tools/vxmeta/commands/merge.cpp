@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // vxmeta merge
 #include "model/merge.h"
 #include <algorithm>

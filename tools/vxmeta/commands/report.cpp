@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // vxmeta report: the metadata as a page that one looks at.
 #include "report/report.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // --color, of the commands that print for people.
 #pragma once
 

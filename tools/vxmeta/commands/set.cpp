@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // vxmeta set
 #include "commands/outputs.h"
 #include "model/path.h"

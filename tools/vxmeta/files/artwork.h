@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // The packet of an artwork file: TIFF, JPEG, PSD, EPS, INDD, GIF, PNG.
 #pragma once
 

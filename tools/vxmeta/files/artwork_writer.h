@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // A packet into an artwork file.
 #pragma once
 

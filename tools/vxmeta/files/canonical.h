@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Packets compared by what they say.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 #include "files/exempi_call.h"
 
 #include <exempi/xmp.h>

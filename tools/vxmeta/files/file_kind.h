@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // What kind of file it is, by its first bytes.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Signals that would end the program in the middle of a write.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // A file that is read, or standard input: opened once, and never changed.
 #pragma once
 

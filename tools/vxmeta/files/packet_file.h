@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Read the packets of a file. What kind of file it is, its content says, not its name.
 #pragma once
 

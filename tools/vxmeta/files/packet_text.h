@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Packet text, made to lie where another lies.
 #pragma once
 

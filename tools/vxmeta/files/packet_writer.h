@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Put a packet back into its file, or leave the file as it was.
 #pragma once
 

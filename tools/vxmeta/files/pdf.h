@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // The packets of a PDF.
 #pragma once
 

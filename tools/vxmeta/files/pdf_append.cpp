@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // An update behind the old bytes of a PDF: the metadata, the catalogue where it did not have any,
 // and cross references of the file's own kind.
 #include <fcntl.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Whether a written PDF is the old one but for its metadata.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 #include "files/pdf_pages.h"
 
 #include <qpdf/QPDF.hh>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // The whole PDF written anew by qpdf.
 #include <cstdio>
 #include <memory>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // The packet in place, at the same length.
 #include <fcntl.h>
 

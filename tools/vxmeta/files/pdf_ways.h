@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // The ways of a packet into a PDF. Each writes a new file, and throws FileError.
 #pragma once
 

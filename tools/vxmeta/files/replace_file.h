@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Puts a new file in the place of another, whole or not at all.
 #pragma once
 

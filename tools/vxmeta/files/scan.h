@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Packets in the bytes of a file of any kind, found by their wrappers.
 #pragma once
 

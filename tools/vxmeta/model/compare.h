@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // What differs between two documents, item by item: lists are matched by what identifies their
 // items, not by place.
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // One document's production metadata. The sections stand in the order and have the names that they
 // have in JSON. What is not in the packet is empty as an optional, and apart from an empty list.
 #pragma once

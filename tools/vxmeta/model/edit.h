@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // A document as it is to become: what the packet holds, with what is given put in.
 #pragma once
 

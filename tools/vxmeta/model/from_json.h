@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Values out of JSON, as strict as the schema.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Values as JSON, in the order and under the names of their fields.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // JSON as it was written: where in the text its values stand, and what a parser passes over.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // What a Set deletes because its Get did not read it.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Merges the records of other packets into a handle, and looks what that has cost.
 #pragma once
 

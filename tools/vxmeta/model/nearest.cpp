@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Which known path a misspelt one may mean.
 #include <algorithm>
 #include <numeric>
@@ -68,7 +69,8 @@ std::vector<std::string> nearestPaths(std::string_view text, const Type& root) {
   std::vector<std::pair<std::size_t, std::string>> ranked;
   for (const std::string& path : pathsOf(root)) {
     const std::size_t far = distance(wanted, withoutItems(path));
-    if (far <= std::max<std::size_t>(2, 1 + lastStep(wanted).size() / 4)) ranked.emplace_back(far, path);
+    if (far <= std::max<std::size_t>(2, 1 + lastStep(wanted).size() / 4))
+      ranked.emplace_back(far, path);
   }
   const auto isNearer = [](const auto& a, const auto& b) { return a.first < b.first; };
   std::stable_sort(ranked.begin(), ranked.end(), isNearer);

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 #include "files/packet_wrapper.h"
 #include "model/read_document.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Paths into a document: "job.orderid", "inks[2].angle", "inks[-1]", "inks[name=Spot 485].angle".
 #pragma once
 

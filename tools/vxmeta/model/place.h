@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Places in a document that can be written.
 #pragma once
 

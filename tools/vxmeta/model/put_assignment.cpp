@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // PATH=VALUE, put into a document.
 #include <fmt/format.h>
 

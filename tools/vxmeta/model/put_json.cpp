@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // A document's JSON, put into a document.
 #include <nlohmann/json.hpp>
 

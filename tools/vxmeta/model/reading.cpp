@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 #include "model/reading.h"
 
 #include <XMP_Const.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // One reading of a handle: what several sections need is found once, when it is first asked for.
 #pragma once
 

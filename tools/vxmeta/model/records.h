@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // The fields of the library's records, each described once. A new field is one line in records/.
 #pragma once
 

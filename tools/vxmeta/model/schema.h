@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // The JSON Schema (2020-12) of a document, made from the descriptions of the fields.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Which stored property belongs to which section of a document.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Properties that stand in two sections of a document.
 #include <fmt/format.h>
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // The properties of a packet as they are stored, for what no operation of the library reads: which
 // schemas and lists there are, and the standard-schema data that the library only writes.
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Values described at run time: what kind they are, which fields they have, how to reach their
 // parts. Everything that is done to all records alike works on a View and knows no record.
 #pragma once

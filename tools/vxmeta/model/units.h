@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // What the library writes at once: a section of a document, or a part of one.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 #include "model/write_document.h"
 
 #include <XMP_Const.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Writes a document's records through the library: those alone that have changed.
 #pragma once
 

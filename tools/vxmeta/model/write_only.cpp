@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // What the library writes and has no Get for, read from the packet as it is stored: the data for
 // other tools, and the separations of a digital film. Numbers and truth values are read in the form
 // that a Set writes; any other text leaves the field as a new record has it.

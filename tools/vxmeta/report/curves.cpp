@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // DGC curves: the plot, and their values in a table.
 #include <fmt/format.h>
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // What the document is, and for whom.
 #include <fmt/format.h>
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Files that the document uses, refers to and comes from.
 #include <fmt/format.h>
 

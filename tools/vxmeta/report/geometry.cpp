@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // The page and the film to scale, and how the document is registered on its CAD drawing.
 #include <fmt/format.h>
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Markup of the page: HTML that is well-formed XML too. Text gets into it through these functions
 // alone, which escape it.
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Inks: what they look like, how they are screened, how much they cover.
 #include <fmt/format.h>
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Names of fields for people, where the field's own name is none.
 #include <algorithm>
 #include <iterator>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Separations of a film, and what no record covers.
 #include <fmt/format.h>
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // The parts of a document's page. Each is empty where the document holds nothing of it.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // One document's part of the page: its ids and the level of its headings.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Curves in one plot.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Page ranges as a strip: pages to the right, a row for each ink.
 #include <fmt/format.h>
 

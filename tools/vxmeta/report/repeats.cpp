@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Step and repeat: each placement to scale, front and back.
 #include <fmt/format.h>
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Screen angles as a rose, with signs where they lie too close together.
 #pragma once
 

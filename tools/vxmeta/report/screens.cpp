@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Screens by group, linked to their curves.
 #include <fmt/format.h>
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // What a report of several files begins with.
 #pragma once
 

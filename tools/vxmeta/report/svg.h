@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Inline drawings. Lengths are in units of the drawing, 1 px unless it is made smaller.
 #pragma once
 

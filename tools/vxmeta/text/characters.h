@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // The characters of a text in UTF-8.
 #pragma once
 

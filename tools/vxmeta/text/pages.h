@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // A document for people: on one screen, or a section in full.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Text for people: safe and measured for a terminal, the same without escapes elsewhere.
 #pragma once
 

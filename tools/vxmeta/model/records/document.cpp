@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Records that describe the document as a whole.
 #include "model/records.h"
 

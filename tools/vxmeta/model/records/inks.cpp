@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 // Records of inks, DGC curves and digital films.
 #include <iterator>
 
