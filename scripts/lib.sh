@@ -118,14 +118,15 @@ need_test_tools() {
   need_build_tools libgtest-dev binutils locales qpdf python3-jsonschema strace tidy "$@"
 }
 
-# build PRESET TARGET [OPTION...] configures build/PRESET and builds TARGET in it, and shows output
+# build PRESET TARGETS [OPTION...] configures build/PRESET and builds TARGETS in it, and shows output
 # only of failures.
 build() {
-  local preset=$1 target=$2
+  local preset=$1 targets
+  read -r -a targets <<<"$2"
   shift 2
   echo "Building ($preset)"
   quietly cmake --preset "$preset" "$@" || die "could not configure the build '$preset'"
-  quietly cmake --build --preset "$preset" --target "$target" || die "could not build '$preset'"
+  quietly cmake --build --preset "$preset" --target "${targets[@]}" || die "could not build '$preset'"
 }
 
 # Our own C++ files.

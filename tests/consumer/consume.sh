@@ -1,4 +1,5 @@
 #!/usr/bin/env bash
+# SPDX-License-Identifier: Apache-2.0
 # consume.sh installed|build-tree|subproject|absolute BUILD-DIR WORK-DIR: uses the library as outside
 # programs would: installed into a prefix that was moved; from its build tree; as a part of another
 # project; with a library folder that is outside the prefix. CXX and CXXFLAGS are the compiler's.

@@ -46,10 +46,10 @@ std::string mainDigits(const DigitCode& code, const std::string& text) {
 char checkDigit(const std::string& digits) {
   int sum = 0;
   int weight = 3;
-  for (auto digit = digits.rbegin(); digit != digits.rend(); ++digit) {
-    sum += weight * (*digit - '0');
+  std::for_each(digits.rbegin(), digits.rend(), [&](char digit) {
+    sum += weight * (digit - '0');
     weight = 4 - weight;
-  }
+  });
   return static_cast<char>('0' + (10 - sum % 10) % 10);
 }
 

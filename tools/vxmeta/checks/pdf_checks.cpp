@@ -85,7 +85,7 @@ std::string lowered(std::string text) {
 }
 
 bool isUsed(const PdfFacts& pdf, const std::string& ink) {
-  if (pdf.colorants.count(ink) != 0) return true;
+  if (pdf.colorants.contains(ink)) return true;
   const std::string name = lowered(ink);
   if (name == "black") return pdf.usesCmyk || pdf.usesGray;
   return pdf.usesCmyk && (name == "cyan" || name == "magenta" || name == "yellow");
@@ -134,7 +134,7 @@ void checkFonts(const PdfFacts& pdf, const XMPlib& packet, Findings& found) {
   std::set<std::string> listed;
   for (const XMPlFont& font : fonts) listed.insert(plainName(font.name));
   for (const std::string& name : pdf.fonts) {
-    if (listed.count(plainName(name)) != 0) continue;
+    if (listed.contains(plainName(name))) continue;
     found.add("fonts",
               fmt::format("the PDF uses the font \"{}\", which the packet does not list: who "
                           "edits the text does not know to have it",

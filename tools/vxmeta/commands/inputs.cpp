@@ -80,9 +80,9 @@ int print(const Outcome& outcome) {
 int inParallel(const std::vector<std::string>& files, std::size_t jobs,
                const std::function<Outcome(const std::string& file)>& work) {
   Line line(files.size(), 8 * jobs);
-  std::vector<std::jthread> workers(jobs);
-  for (std::jthread& worker : workers) {
-    worker = std::jthread([&] {
+  std::vector<std::thread> workers(jobs);
+  for (std::thread& worker : workers) {
+    worker = std::thread([&] {
       for (std::size_t i = line.take(); i < files.size(); i = line.take()) {
         line.finish(i, work(files[i]));
       }
@@ -91,6 +91,7 @@ int inParallel(const std::vector<std::string>& files, std::size_t jobs,
   int exitCode = kDone;
   for (std::size_t i = 0; i < files.size(); ++i)
     exitCode = std::max(exitCode, print(line.await(i)));
+  for (std::thread& worker : workers) worker.join();
   return exitCode;
 }
 

@@ -28,8 +28,9 @@ void addPaths(const Type& type, const std::string& path, std::vector<std::string
   if (type.item != nullptr) return addPaths(*type.item, path, paths);
   for (const Field& field : type.fields) {
     if (!field.isStored) continue;
-    paths.push_back((path.empty() ? "" : path + ".") + std::string(field.name));
-    addPaths(*field.type, paths.back(), paths);
+    const std::string below = (path.empty() ? "" : path + ".") + std::string(field.name);
+    paths.push_back(below);
+    addPaths(*field.type, below, paths);
   }
 }
 
