@@ -56,7 +56,8 @@ int run(CLI::App& app, vxmeta::Run& run, int argc, char** argv) {
 int main(int argc, char** argv) {
   vxmeta::startMeasuring();
   try {
-    CLI::App app("Shows, checks, compares and changes the production metadata of documents.", "vxmeta");
+    CLI::App app("Shows, checks, compares and changes the production metadata of documents.",
+                 "vxmeta");
     app.formatter(std::make_shared<vxmeta::HelpFormatter>());
     app.require_subcommand(1);
     app.set_version_flag("--version", versions, "Show the versions of the tool and its library");
