@@ -15,7 +15,7 @@ namespace {
 // threads inside exempi say; all else passes.
 class ExempiSilencer : public std::streambuf {
  public:
-  ExempiSilencer() : passed_(std::cerr.rdbuf(this)) {}
+  ExempiSilencer() : passed_(std::cerr.rdbuf()) { std::cerr.rdbuf(this); }
   ~ExempiSilencer() override { std::cerr.rdbuf(passed_); }
 
   static thread_local bool inside;
@@ -35,10 +35,12 @@ class ExempiSilencer : public std::streambuf {
 };
 thread_local bool ExempiSilencer::inside = false;
 
+// Before there are threads, each of which may use the stream.
+const ExempiSilencer silencer;
+
 }  // namespace
 
 ExempiCall::ExempiCall() {
-  static ExempiSilencer silencer;
   static const bool started = xmp_init();
   if (!started) throw FileError("cannot be read: the library for artwork files does not start");
   ExempiSilencer::inside = true;
