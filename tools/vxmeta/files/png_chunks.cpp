@@ -16,7 +16,7 @@ constexpr std::size_t kPiece = std::size_t{1} << 20;
 
 std::uint64_t lengthIn(const std::string& head) {
   std::uint64_t length = 0;
-  for (int i = 0; i < 4; ++i) length = length << 8 | static_cast<unsigned char>(head[i]);
+  for (std::size_t i = 0; i < 4; ++i) length = length << 8 | static_cast<unsigned char>(head[i]);
   return length;
 }
 
