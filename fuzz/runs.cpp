@@ -18,7 +18,7 @@ struct Image {
 };
 
 std::optional<Image> imageIn(const XMPlExtRef& ref) {
-  static const std::regex kName(R"(([^]*_)(\d{3,9})(\.[^.]*))");
+  static const std::regex kName(R"(([^]*_)(\d{3,9})(\.[^._]*))");
   std::smatch part;
   const bool isImage = ref.type == "image" && ref.pagenr == 0;
   if (!isImage || !std::regex_match(ref.instanceID, part, kName)) return {};
