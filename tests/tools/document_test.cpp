@@ -163,7 +163,7 @@ TEST(Document, ComesBackFromItsJson) {
   Document document = readOf(inks({kDocument}) + "<vxSmartID:id>s</vxSmartID:id><o:a>1</o:a>");
   document.film = Film{};
   document.film->metadata.emplace(1).front().uRefs = {{"a", "b", -(1LL << 40)}};
-  document.dgcs = {{"c", {0.1, NAN, -INFINITY}}};
+  document.dgcs = {{"c", {0.1, std::nan(""), -HUGE_VAL}}};
   Document copy;
   fromJson(toJson(viewOf(document)), typeOf<Document>(), &copy);
   EXPECT_TRUE(isSame(viewOf(copy), viewOf(document)));

@@ -32,8 +32,10 @@ struct Call {
 // A file in a directory of its own, and runs that put a packet into it.
 class Write {
  public:
-  Write(const std::string& name, const std::string& before, const std::string& options)
-      : before_(before), options_(options), packet_(scratchFile("fault.xmp", kBegin + "b" + kEnd)) {
+  Write(const std::string& name, std::string before, std::string options)
+      : before_(std::move(before)),
+        options_(std::move(options)),
+        packet_(scratchFile("fault.xmp", kBegin + "b" + kEnd)) {
     directory_ = scratchPath("faults");
     file_ = directory_ + "/" + name;
   }
@@ -100,13 +102,13 @@ std::vector<Call> Write::calls() {
     line.erase(0, line.find_first_not_of("0123456789 "));  // some versions put the process first
     const std::string name = line.substr(0, line.find('('));
     const int number = ++counts[name];
-    const bool isRenamed = counts.count("rename") != 0;
+    const bool isRenamed = counts.contains("rename");
     if (!isRenamed && line.find("stat") != std::string::npos &&
         line.find("\"" + file_ + "\"") != std::string::npos) {
       lastLook_ = {name, number};
     }
     begun = begun || line.find(".vxmeta-") != std::string::npos;
-    if (begun && kChanging.count(name) != 0) calls.push_back({name, number});
+    if (begun && kChanging.contains(name)) calls.push_back({name, number});
   }
   EXPECT_GT(calls.size(), 5U);
   return calls;

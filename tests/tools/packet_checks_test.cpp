@@ -4,6 +4,7 @@
 
 #include <XMPlib.h>
 
+#include <algorithm>
 #include <set>
 
 #include "checks/barcode_digits.h"
@@ -110,8 +111,8 @@ std::string coverage(const std::string& pct) {
 }
 
 std::string covered(const std::vector<std::string>& percents) {
-  std::vector<std::string> items;
-  for (const std::string& pct : percents) items.push_back(coverage(pct));
+  std::vector<std::string> items(percents.size());
+  std::transform(percents.begin(), percents.end(), items.begin(), coverage);
   return list("vxGr:inks", {ink("A"), ink("B")}) + list("vxInkCovL:coverage", items);
 }
 

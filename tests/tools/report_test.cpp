@@ -14,7 +14,6 @@
 
 namespace {
 
-using vxmeta::Finding;
 using vxmeta::ReportEntry;
 using vxmeta::reportPage;
 using vxmeta::Severity;
@@ -22,7 +21,7 @@ using vxmeta::Severity;
 // The characters of the page, and whether it is well formed.
 std::string textOf(const std::string& page) {
   std::string text;
-  const XML_Parser parser = XML_ParserCreate("UTF-8");
+  XML_Parser parser = XML_ParserCreate("UTF-8");
   XML_SetUserData(parser, &text);
   XML_SetCharacterDataHandler(parser, [](void* into, const XML_Char* part, int length) {
     static_cast<std::string*>(into)->append(part, static_cast<std::size_t>(length));

@@ -41,21 +41,9 @@ class Chance {
 
  private:
   void set(std::string& text) {
-    constexpr const char* kTexts[] = {"",
-                                      "a",
-                                      "b",
-                                      " ",
-                                      "now",
-                                      "grid",
-                                      "die",
-                                      "x;y",
-                                      "\xC3\xA9",
-                                      "a\x01"
-                                      "b",
-                                      "<&>\"",
-                                      "Untagged",
-                                      "10%",
-                                      "2026-11-22"};
+    constexpr const char* kTexts[] = {"",      "a",        "b",   " ",         "now",
+                                      "grid",  "die",      "x;y", "\xC3\xA9",  "a\001b",
+                                      "<&>\"", "Untagged", "10%", "2026-11-22"};
     text = kTexts[below(std::size(kTexts))];
   }
   void set(bool& truth) { truth = below(2) == 0; }
@@ -263,9 +251,9 @@ TEST(ApplyJson, IsRefusedByLineAndPointer) {
       {"{\"dgcs\": [{\"values\": [1,\n2,\n3\n,\ntrue]}]}", "line 5: /dgcs/0/values/3: "},
       {"{\"dgcs\": [{\"values\": [1,\n2\n,\"3\"]}]}", "line 3: /dgcs/0/values/2: "},
       {"{\"job\": {\"id\": \"1\",\n\"id\": \"1\"}}", "line 2: /job/id: stands there twice"},
-      {"{\"foreign\": [{\"a\": 1, \"a\": 1}]}", "line 1: /foreign/0/a: stands there twice"},
-      {"{\"scalars\": {\"nrPages\": 1e999}}", "line 1: number overflow"},
-      {"{\"page\": {\"units\": null}}", "line 1: /page/units: expected a text, found null"},
+      {R"({"foreign": [{"a": 1, "a": 1}]})", "line 1: /foreign/0/a: stands there twice"},
+      {R"({"scalars": {"nrPages": 1e999}})", "line 1: number overflow"},
+      {R"({"page": {"units": null}})", "line 1: /page/units: expected a text, found null"},
   };
   for (const auto& [json, why] : cases) {
     XMPlib xmp;

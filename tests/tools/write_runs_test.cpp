@@ -47,9 +47,9 @@ TEST(Set, ChangesOneValue) {
       {"scalars.vdpVersion=3", "scalars.vdpVersion", "3\n"},
       {"fonts=", "fonts", "[]\n"},
       {"job.orderid=", "job.orderid", "\n"},
-      {"layers=[{\"name\": \"x\"}]", "layers[0].name", "x\n"},
-      {"layers+={\"name\": \"y\"}", "layers[-1].name", "y\n"},
-      {"pageRanges+={\"start\": 9, \"end\": 9, \"inks\": [4]}", "pageRanges[-1].inks[0]", "4\n"},
+      {R"(layers=[{"name": "x"}])", "layers[0].name", "x\n"},
+      {R"(layers+={"name": "y"})", "layers[-1].name", "y\n"},
+      {R"(pageRanges+={"start": 9, "end": 9, "inks": [4]})", "pageRanges[-1].inks[0]", "4\n"},
       {"colorSpace.colorprofloc=Untagged", "colorSpace.colorprofloc", "Untagged\n"},
       {"mmData.documentID=uuid:1", "mmData.documentID", "uuid:1\n"},
   };
@@ -78,7 +78,7 @@ TEST(Set, RefusesAndWritesNothing) {
       {"page=", "page: cannot be deleted"},
       {"packet.padding=1", "packet.padding: is about the file"},
       {"job.name+=1", "job.name: += is for lists"},
-      {"layers+={\"nam\": \"x\"}", "layers: /nam: there is no such field"},
+      {R"(layers+={"nam": "x"})", "layers: /nam: there is no such field"},
       {"layers+={", "layers: is no JSON"},
       {"colorSpace.colorprofloc=here", "'here' is none of Untagged"},
   };
@@ -294,7 +294,7 @@ std::string film(const std::string& ink) {
 
 TEST(Merge, JoinsFilms) {
   const auto made = [](const std::string& ink) {
-    const std::string file = scratchFile(ink + ".xmp", packetOf(""));
+    std::string file = scratchFile(ink + ".xmp", packetOf(""));
     const Outcome outcome = runTool("apply " + file + " -", film(ink));
     EXPECT_EQ(outcome.code, 0) << outcome.err;
     return file;
