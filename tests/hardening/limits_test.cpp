@@ -77,6 +77,19 @@ TEST(Limits, HoldForWhatWouldBeSavedToo) {
       "two rdf:value of one value when saved");
 }
 
+TEST(Limits, OfTheValuesOfOneProperty) {
+  const auto values = [](std::size_t count) {
+    return "<dc:s rdf:parseType='Resource'>" +
+           numbered(count,
+                    [](const std::string& i) { return "<rdf:value>" + i + "</rdf:value>"; }) +
+           "</dc:s>";
+  };
+  for (const auto& wrap : {plainly, oddly}) {
+    EXPECT_EQ(errorOf(wrap(values(16))), "Duplicate qualifier");  // the toolkit's own
+    EXPECT_EQ(errorOf(wrap(values(17))), "more than 16 rdf:value of one property");
+  }
+}
+
 TEST(Limits, SayWhere) {
   XMPlib xmp;
   xmp.SetXML("<a>\n\n  <!DOCTYPE a>");
