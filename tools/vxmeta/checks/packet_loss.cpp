@@ -3,7 +3,9 @@
 #include <fmt/format.h>
 #include <algorithm>
 #include <cctype>
-#include <cstdlib>
+#include <charconv>
+#include <cstdint>
+#include <optional>
 #include <stdexcept>
 #include <string_view>
 
@@ -83,16 +85,42 @@ bool isRun(const std::string& name) {
       [](char scheme, unsigned char c) { return scheme == std::tolower(c); });
 }
 
-// What is wrong with a run; null: nothing.
-const char* faultOf(const std::string& run) {
+// The numbers of a run as they are written.
+struct RunNumbers {
+  std::string_view first, last;
+};
+
+bool areDigits(std::string_view text) {
+  return !text.empty() && text.find_first_not_of("0123456789") == std::string_view::npos;
+}
+
+std::optional<RunNumbers> numbersOf(std::string_view run) {
   const std::size_t hash = run.rfind('#');
-  const std::size_t dash = hash == std::string::npos ? hash : run.find('-', hash);
-  if (run.find('*') == std::string::npos || dash == std::string::npos) {
-    return "is no \"files:PREFIX*EXTENSION#FIRST-LAST\"";
+  if (hash == std::string_view::npos || run.substr(0, hash).find('*') == std::string_view::npos) {
+    return {};
   }
-  const long first = std::strtol(run.c_str() + hash + 1, nullptr, 10);
-  const long last = std::strtol(run.c_str() + dash + 1, nullptr, 10);
-  return last < first ? "runs from a higher number to a lower one" : nullptr;
+  const std::string_view numbers = run.substr(hash + 1);
+  const std::size_t dash = numbers.find('-');
+  if (dash == std::string_view::npos) return {};
+  const RunNumbers result = {numbers.substr(0, dash), numbers.substr(dash + 1)};
+  return areDigits(result.first) && areDigits(result.last) ? std::optional(result) : std::nullopt;
+}
+
+std::optional<std::int32_t> numberIn(std::string_view digits) {
+  std::int32_t number = 0;
+  const auto parsed = std::from_chars(digits.data(), digits.data() + digits.size(), number);
+  return parsed.ec == std::errc() ? std::optional(number) : std::nullopt;
+}
+
+// What is wrong with a run; null: nothing. The library is lenient: where a number is wrong, it
+// expands the run into other files.
+const char* faultOf(const std::string& run) {
+  const std::optional<RunNumbers> numbers = numbersOf(run);
+  if (!numbers) return "is no \"files:PREFIX*EXTENSION#FIRST-LAST\"";
+  const auto first = numberIn(numbers->first);
+  const auto last = numberIn(numbers->last);
+  if (!first || !last) return "has a number above 2147483647";
+  return *last < *first ? "runs from a higher number to a lower one" : nullptr;
 }
 
 void checkRuns(const Subject& subject, Findings& found) {
