@@ -49,6 +49,7 @@ constexpr Namespace kNamespaces[] = {
     {"vxScreenC", "screencontainer/1.0/"},
     {"vxScreenL", "screenlist/1.0/"},
     {"vxScreen", "screeninfo/1.0/"},
+    {"vxLayL", "laylist/1.0/"},
     {"vxDGCL", "dgclist/1.0/"},
     {"vxDGC", "dgc/1.0/"},
     {"vxSrLayout", "srlayout/1.0/"},
@@ -67,8 +68,11 @@ std::string packet(const std::string& properties, std::size_t padding = 1024,
          std::string(padding, ' ') + "<?xpacket end=\"" + end + "\"?>";
 }
 
-std::string element(const std::string& name, const std::string& content) {
-  return '<' + name + '>' + content + "</" + name + '>';
+const char* const kStructure = " rdf:parseType=\"Resource\"";
+
+std::string element(const std::string& name, const std::string& content,
+                    const std::string& attributes = "") {
+  return '<' + name + attributes + '>' + content + "</" + name + '>';
 }
 
 // An array of items that are written as attributes, or, where they begin with "<", as elements.
@@ -240,6 +244,16 @@ const std::vector<Fault>& faults() {
       {{"items-hidden vxExtFL:files"},
        packet(list("vxExtFL:files", {"stRef:instanceID=\"a\""})),
        packet(list("vxExtFL:files", {oldRef("a")}))},
+      {{"items-hidden layers"},
+       packet(element("vxLayL:layers", "Artwork")),
+       packet(element("vxLayL:layers", ""))},
+      {{"items-hidden screens", "items-hidden film.jobReferences"},
+       packet(element("vxScreenC:screenContainer", "a") + element("vxDigFilmRefs:files", "b")),
+       packet(groups({group({screen("")})}) + element("vxScreenL:screens", "a") +
+              list("vxDigFilmRefs:files", {}))},
+      {{"items-hidden extRefs"},
+       packet(element("vxExtFL2:files", "<vxExtF:a>b</vxExtF:a>", kStructure)),
+       packet(list("vxExtFL2:files", {ref("a")}))},
       {{"ref-unexpandable extRefs[1].instanceID"},
        packet(list("vxExtFL2:files", {ref("a"), ref("Files:a_*.tif#001")})),
        packet(list("vxExtFL2:files", {ref("a"), ref("Files:a_*.tif#001-004")}))},
@@ -390,11 +404,14 @@ TEST(PacketChecks, EachHasItsFault) {
   }
 }
 
+// What the first finding says.
+std::string toldOf(const std::string& properties) {
+  const std::vector<Finding> findings = findingsIn(packet(properties));
+  return findings.empty() ? "" : findings[0].message;
+}
+
 TEST(PacketChecks, SayWhatIsLost) {
-  const std::vector<Finding> findings =
-      findingsIn(packet(list("vxFontL:fonts", {font("A"), "vxFont:name=\"B\"", font("C")})));
-  ASSERT_EQ(findings.size(), 1U);
-  EXPECT_EQ(findings[0].message,
+  EXPECT_EQ(toldOf(list("vxFontL:fonts", {font("A"), "vxFont:name=\"B\"", font("C")})),
             "fonts[1] has no vxFont:type: reading ends there, and the next program that writes the "
             "list deletes 2 stored items");
 }

@@ -38,14 +38,17 @@ bool areWrittenByTheLibrary(const StoredProperties& stored) {
   });
 }
 
-bool isLoss(const StoredProperties& stored, const XMPlUnreadItems& row) {
+// Lists in old layouts, which count where there is no current one.
+bool isReplaced(const StoredProperties& stored, const std::string& list) {
+  const char* current = list == "vxExtFL:files"       ? "vxExtFL2:files"
+                        : list == "vxScreenL:screens" ? "vxScreenC:screenContainer"
+                                                      : nullptr;
+  return current != nullptr && stored.property(current) != nullptr;
+}
+
+bool hidesItems(const StoredProperties& stored, const XMPlUnreadItems& row) {
   if (row.list == "vxScreenC:screenContainer") return hidesScreens(stored, row);
   if (row.list == "vxDigFilmRefs:files") return !areWrittenByTheLibrary(stored);
-  // The old layouts count where there is no current one.
-  if (row.list == "vxExtFL:files") return stored.property("vxExtFL2:files") == nullptr;
-  if (row.list == "vxScreenL:screens") {
-    return stored.property("vxScreenC:screenContainer") == nullptr;
-  }
   return row.list != "vxInkCovL:coverage";  // its number is looked at with the inks
 }
 
@@ -57,20 +60,49 @@ std::string whyUnread(const XMPlUnreadItems& row) {
   return row.reason.empty() ? "cannot be read" : "cannot be read (" + row.reason + ")";
 }
 
+void tellHiddenItems(const XMPlUnreadItems& row, const std::string& path, Findings& found) {
+  const std::string items =
+      counted(static_cast<std::size_t>(std::max(row.stored - row.read, 0)), "stored item");
+  found.add(path,
+            fmt::format("{}[{}] {}: reading ends there, and the next program that writes the list "
+                        "deletes {}",
+                        path, row.read, whyUnread(row), items),
+            "mend that item, or take it out, before anything writes the list");
+}
+
+// What stands in a list's place; null: nothing that could be lost. Lists in items of other lists
+// are not looked up.
+const char* formInPlaceOf(const StoredProperties& stored, const std::string& list) {
+  const StoredNode* node = stored.property(list);
+  if (node == nullptr) return "something else";
+  if (node->form == StoredNode::Form::structure) {
+    return node->children.empty() ? nullptr : "a structure";
+  }
+  return node->text.empty() ? nullptr : "a text";
+}
+
+void tellNoList(const char* form, const std::string& path, Findings& found) {
+  found.add(path,
+            fmt::format("{} is stored as {}, not as a list: nothing of it is read, and the next "
+                        "program that writes the list deletes it",
+                        path, form),
+            "write the list anew from its source, or look whether another program needs it");
+}
+
+std::string pathOf(const XMPlUnreadItems& row, const XMPlib& packet) {
+  return row.list == "vxGr:inks" ? inksPath(packet) : pathOfList(row.list);
+}
+
 void checkHidden(const Subject& subject, Findings& found) {
-  const bool isFilm = holdsFilmInks(subject.packet);
+  const StoredProperties& stored = subject.stored();
   std::vector<XMPlUnreadItems> unread;
-  subject.packet.GetUnreadItems(unread, isFilm);
+  subject.packet.GetUnreadItems(unread, holdsFilmInks(subject.packet));
   for (const XMPlUnreadItems& row : unread) {
-    if (!isLoss(subject.stored(), row)) continue;
-    const std::string list = row.list == "vxGr:inks" && isFilm ? "film.inks" : pathOfList(row.list);
-    const std::string items =
-        counted(static_cast<std::size_t>(std::max(row.stored - row.read, 0)), "stored item");
-    found.add(list,
-              fmt::format("{}[{}] {}: reading ends there, and the next program that writes the "
-                          "list deletes {}",
-                          list, row.read, whyUnread(row), items),
-              "mend that item, or take it out, before anything writes the list");
+    if (isReplaced(stored, row.list)) continue;
+    const std::string path = pathOf(row, subject.packet);
+    const char* form = row.stored == 0 ? formInPlaceOf(stored, row.list) : nullptr;
+    if (form != nullptr) tellNoList(form, path, found);
+    if (row.stored > 0 && hidesItems(stored, row)) tellHiddenItems(row, path, found);
   }
 }
 
