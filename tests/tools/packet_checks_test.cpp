@@ -326,8 +326,8 @@ const std::vector<Fault>& faults() {
       {{"coverage-count inks"}, packet(covered({"1"})), packet(covered({}))},
       {{"coverage-count inks"}, packet(covered({"1", "2", "3"})), packet(covered({"1", "2"}))},
       {{"coverage-range inks[0].pct", "coverage-range inks[1].pct"},
-       packet(covered({"-1", "100.5"})),
-       packet(covered({"0", "100"}))},
+       packet(covered({"-1", "100.00001"})),
+       packet(covered({"-0.000000001", "100.000000001"}))},
       {{"ink-alike inks[1]"},
        packet(list("vxGr:inks", {ink("Spot 485"), ink("SPOT485", "75")})),
        packet(list("vxGr:inks", {ink("Spot 485"), ink("Spot 486")}))},
@@ -348,6 +348,9 @@ const std::vector<Fault>& faults() {
       {{"curve-range dgcs[0].values"}, packet(curve("0 0.5 1.1 ")), packet(curve("0 0.5 1 "))},
       {{"curve-range dgcs[0].values"}, packet(curve("0 nan 1 ")), packet(curve("0 0 1 "))},
       {{"curve-fall dgcs[0].values"}, packet(curve("0 60 50 100 ")), packet(curve("0 50 50 100 "))},
+      {{"curve-fall dgcs[0].values", "curve-range dgcs[0].values"},
+       packet(curve("0 50.00001 50 100.00001 ")),
+       packet(curve("0 50.0000001 50 100.0000001 "))},
 
       {{"page-range-backward pageRanges[0]"},
        packet(ranges({range("2", "1")})),
@@ -423,6 +426,21 @@ TEST(PacketChecks, SayWhatIsLost) {
   EXPECT_EQ(toldOf(list("vxFontL:fonts", {font("A"), "vxFont:name=\"B\"", font("C")})),
             "fonts[1] has no vxFont:type: reading ends there, and the next program that writes the "
             "list deletes 2 stored items");
+  EXPECT_EQ(toldOf(element("vxLayL:layers", "Artwork")),
+            "layers is stored as a text, not as a list: nothing of it is read, and the next "
+            "program that writes the list deletes it");
+}
+
+TEST(PacketChecks, SayValuesAsTheyAreStored) {
+  EXPECT_EQ(
+      toldOf(barcode("EAN-13", "4006381-333932 12")),
+      "the check digit of EAN-13 \"4006381-333932 12\" is 1, not 2: scanners refuse the code");
+  EXPECT_EQ(toldOf(barcode("EAN-8", "9638 507")),
+            "barcodes[0] has the code \"9638 507\", which is no EAN-8 of 8 digits: no barcode can "
+            "be made of it");
+  EXPECT_EQ(toldOf(covered({"1", "100.00001"})),
+            "inks[1].pct is a coverage of 100.00001, which cannot be: what is reckoned from it, as "
+            "the need of ink, is wrong");
 }
 
 TEST(PacketChecks, AFaultThatComesOftenIsCounted) {

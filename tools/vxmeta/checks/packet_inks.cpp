@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 // Inks and their coverage.
 #include <fmt/format.h>
-#include <cctype>
+#include <limits>
 #include <tuple>
 
 #include "checks/packet_checks.h"
@@ -37,7 +37,7 @@ void checkCoverageCount(const Subject& subject, Findings& found) {
 
 void tellCoverage(const std::string& path, double value, Findings& found) {
   found.add(path,
-            fmt::format("{} is a coverage of {:.6g}, which cannot be: what is reckoned from it, as "
+            fmt::format("{} is a coverage of {}, which cannot be: what is reckoned from it, as "
                         "the need of ink, is wrong",
                         path, value),
             "measure the coverage anew");
@@ -45,13 +45,14 @@ void tellCoverage(const std::string& path, double value, Findings& found) {
 
 void checkCoverageRange(const Subject& subject, Findings& found) {
   constexpr double kAll = 100;  // percent
+  constexpr double kNoLimit = std::numeric_limits<double>::infinity();
   const std::vector<XMPlInk> inks = documentInks(subject.packet);
   for (std::size_t i = 0; i < inks.size(); ++i) {
     const XMPlInk& ink = inks[i];
     if (!ink.coverageValid) continue;
     const std::string path = indexed("inks", i);
-    if (!(ink.pct >= 0 && ink.pct <= kAll)) tellCoverage(path + ".pct", ink.pct, found);
-    if (!(ink.mm2 >= 0)) tellCoverage(path + ".mm2", ink.mm2, found);
+    if (!isWithin(ink.pct, 0, kAll)) tellCoverage(path + ".pct", ink.pct, found);
+    if (!isWithin(ink.mm2, 0, kNoLimit)) tellCoverage(path + ".mm2", ink.mm2, found);
   }
 }
 

@@ -13,6 +13,14 @@
 
 namespace vxmeta {
 
+// What reckoning adds to a number, or takes from it.
+constexpr double kRounding = 1e-6;
+
+// But for rounding; a NaN is within nothing.
+inline bool isWithin(double value, double least, double most) {
+  return value >= least - kRounding && value <= most + kRounding;
+}
+
 // A name or value of the packet, in quotation marks; a long one is cut.
 std::string quoted(const std::string& text);
 
