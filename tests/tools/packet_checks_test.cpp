@@ -8,6 +8,7 @@
 
 #include "checks/barcode_digits.h"
 #include "checks/finding.h"
+#include "checks/folded_name.h"
 #include "checks/packet_numbers.h"
 #include "support/program.h"
 
@@ -331,6 +332,9 @@ const std::vector<Fault>& faults() {
       {{"ink-alike inks[1]"},
        packet(list("vxGr:inks", {ink("Spot 485"), ink("SPOT485", "75")})),
        packet(list("vxGr:inks", {ink("Spot 485"), ink("Spot 486")}))},
+      {{"ink-alike inks[1]"},
+       packet(list("vxGr:inks", {ink("GRÜN 3"), ink("grün\u00A03")})),
+       packet(list("vxGr:inks", {ink("GRÜN 3"), ink("GRÚN 3")}))},
       {{"ink-alike film.inks[2]"},
        packet(list("vxGr:inks", {filmInk("A"), filmInk("A"), filmInk("a")})),
        packet(list("vxGr:inks", {filmInk("A"), filmInk("A")}))},
@@ -463,7 +467,23 @@ TEST(PacketChecks, SamplesHaveNoErrors) {
   }
 }
 
-// --- What is a number, a date, a barcode --------------------------------------------------------
+// --- What is a name, a number, a date, a barcode ------------------------------------------------
+
+TEST(PacketChecks, NamesAreOneButForCaseAndBlanks) {
+  struct Pair {
+    const char *capital, *small;
+  };
+  for (const Pair& pair : {Pair{"PANTONE 485", "Pantone\t485"}, Pair{"ÀÖØÞ", "àöøþ"},
+                           Pair{"ĀĮĲĶĹŇŊŶŸŹŽ", "āįĳķĺňŋŷÿźž"}, Pair{"ΆΈΊΌΎΏΑΡΣΫ", "άέίόύώαρςϋ"},
+                           Pair{"ЀЏАЯҐҾӐ", "ѐџаяґҿӑ"}, Pair{"ẠỹỸ", "ạỹỹ"},
+                           Pair{" a\u00A0b\u2009c\u3000", "ab\u202Fc"}}) {
+    EXPECT_EQ(vxmeta::folded(pair.capital), vxmeta::folded(pair.small)) << pair.capital;
+  }
+  for (const Pair& pair : {Pair{"×", "÷"}, Pair{"ß", "ÿ"}, Pair{"a-b", "ab"}, Pair{"ŉ", "Ŋ"},
+                           Pair{"Ä", "A"}, Pair{"@", "`"}, Pair{"Б", "В"}}) {
+    EXPECT_NE(vxmeta::folded(pair.capital), vxmeta::folded(pair.small)) << pair.capital;
+  }
+}
 
 TEST(PacketChecks, Dates) {
   for (const char* date : {"2026", "2026-11", "2026-11-02", "2026-11-02T09:30", "2026-11-02T09:30Z",

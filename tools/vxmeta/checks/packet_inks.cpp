@@ -4,6 +4,7 @@
 #include <limits>
 #include <tuple>
 
+#include "checks/folded_name.h"
 #include "checks/packet_checks.h"
 #include "checks/packet_reading.h"
 
@@ -58,24 +59,14 @@ void checkCoverageRange(const Subject& subject, Findings& found) {
 
 // --- Inks that are one --------------------------------------------------------------------------
 
-// Without case and blanks.
-std::string plain(const std::string& text) {
-  std::string result;
-  for (const char c : text) {
-    const auto byte = static_cast<unsigned char>(c);
-    if (std::isspace(byte) == 0) result += static_cast<char>(std::tolower(byte));
-  }
-  return result;
-}
-
-auto plainIdentity(const XMPlInkBasic& ink) {
-  return std::make_tuple(plain(ink.name), plain(ink.type), plain(ink.book), plain(ink.vxname),
-                         plain(ink.attribute), plain(ink.printingmethod));
+auto foldedIdentity(const XMPlInkBasic& ink) {
+  return std::make_tuple(folded(ink.name), folded(ink.type), folded(ink.book), folded(ink.vxname),
+                         folded(ink.attribute), folded(ink.printingmethod));
 }
 
 // The ruling as text: a NaN has no order.
 auto identityButAngle(const XMPlInk& ink) {
-  return std::make_tuple(plainIdentity(ink), fmt::to_string(ink.frequency), plain(ink.dotshape));
+  return std::make_tuple(foldedIdentity(ink), fmt::to_string(ink.frequency), folded(ink.dotshape));
 }
 
 void tellAlike(const char* list, std::size_t first, std::size_t index, const std::string& name,
@@ -93,7 +84,7 @@ void checkAlike(const Subject& subject, Findings& found) {
   });
   // A film of several pages has the same ink once for each.
   const std::vector<XMPlInkDigFilm> films = filmInks(subject.packet);
-  forEachRepeated(films, plainIdentity, [&](std::size_t first, std::size_t index) {
+  forEachRepeated(films, foldedIdentity, [&](std::size_t first, std::size_t index) {
     if (films[first] != films[index]) {
       tellAlike("film.inks", first, index, films[index].name, found);
     }
