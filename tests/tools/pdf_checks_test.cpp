@@ -68,6 +68,7 @@ Document::Document() {
   xmp.SetIsTrapped(true);
 
   pdf.catalogue = "/OCProperties<</OCGs[<</Name(Artwork)>>]>>";
+  pdf.pages = "/MediaBox[0 0 740 380]";
   pdf.info = "/Title(Carton)/Producer(A program)/Trapped/True";
   pdf.page =
       "/TrimBox[10 10 730 370]/Resources<</ColorSpace<</S 6 0 R>>"
@@ -246,11 +247,14 @@ TEST(PdfChecks, PageOneIsMeasuredAsItIsSeen) {
       {"/CropBox[0 0 720 360]", "mm", 254, 127},
       {"/CropBox[0 0 720 360]/TrimBox[720 0 0 36]", "cm", 25.4, 1.27},
       {"/UserUnit 2/Rotate 90/CropBox[0 0 720 360]", "inch", 10, 20},
-      {"/TrimBox[1 2 3]", "pt", 100, 50},
+      {"/TrimBox[1 2 3]", "pt", 1440, 720},
+      {"/CropBox[-100 -100 5000 5000]", "pt", 1440, 720},
+      {"/TrimBox[720 5000 -10 360]", "pt", 720, 360},
+      {"/TrimBox[1500 0 1600 100]/CropBox[0 0 720 360]", "mm", 254, 127},
   };
   for (const Size& size : sizes) {
     Document document;
-    document.pdf.pages = "/MediaBox[0 0 100 50]";
+    document.pdf.pages = "/MediaBox[0 0 1440 720]";
     document.pdf.page = size.page;
     setSize(document.xmp, size.units, size.width, size.height);
     EXPECT_EQ(findings(document, "--only pdf-page-size"), Json::array()) << size.page;

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "checks/pdf_facts.h"
 
+#include <algorithm>
 #include <cmath>
 #include <qpdf/QPDF.hh>
 
@@ -20,12 +21,24 @@ std::string textOf(QPDFObjectHandle value) {
   return value.isString() ? value.getUTF8Value() : "";
 }
 
+using Rectangle = QPDFObjectHandle::Rectangle;
+
+// What of `a` is in `b`; none where they have no area in common.
+std::optional<Rectangle> common(const Rectangle& a, const Rectangle& b) {
+  const Rectangle both(std::max(a.llx, b.llx), std::max(a.lly, b.lly), std::min(a.urx, b.urx),
+                       std::min(a.ury, b.ury));
+  return both.llx < both.urx && both.lly < both.ury ? std::optional(both) : std::nullopt;
+}
+
+// No box reaches beyond the media box.
 std::optional<PdfBox> seen(QPDFObjectHandle box, const char* name, PdfPage page) {
   if (!box.isRectangle()) return {};
-  const auto corners = box.getArrayAsRectangle();
+  std::optional<Rectangle> corners = box.getArrayAsRectangle();
+  if (page.mediaBox.isRectangle()) corners = common(*corners, page.mediaBox.getArrayAsRectangle());
+  if (!corners) return {};
   const double unit = numberOr(page.page.getKey("/UserUnit"), 1);
-  PdfBox result = {name, std::fabs(corners.urx - corners.llx) * unit,
-                   std::fabs(corners.ury - corners.lly) * unit};
+  PdfBox result = {name, (corners->urx - corners->llx) * unit,
+                   (corners->ury - corners->lly) * unit};
   const bool isTurned = std::fabs(std::fmod(numberOr(page.rotate, 0), 180)) == 90;
   if (isTurned) std::swap(result.width, result.height);
   return result;
