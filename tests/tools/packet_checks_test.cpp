@@ -116,6 +116,7 @@ std::string coverage(const std::string& pct) {
 
 std::string covered(const std::vector<std::string>& percents) {
   std::vector<std::string> items;
+  items.reserve(percents.size());
   for (const std::string& pct : percents) items.push_back(coverage(pct));
   return list("vxGr:inks", {ink("A"), ink("B")}) + list("vxInkCovL:coverage", items);
 }

@@ -5,6 +5,7 @@
 #include <cstddef>
 #include <map>
 #include <string>
+#include <string_view>
 #include <utility>
 #include <vector>
 
@@ -26,6 +27,9 @@ std::string quoted(const std::string& text);
 
 // "1 page", "2 pages".
 std::string counted(std::size_t count, const char* thing);
+
+// Whether the list is stored. An empty one says that there is none, an absent one says nothing.
+bool hasList(const Subject& subject, std::string_view property);
 
 // The items of a stored list; none where it is absent.
 const std::vector<StoredNode>& itemsOf(const StoredNode* list);

@@ -5,6 +5,7 @@
 #include <cmath>
 #include <qpdf/QPDF.hh>
 
+#include "checks/pdf_names.h"
 #include "checks/pdf_resources.h"
 #include "files/pdf_pages.h"
 #include "files/qpdf_file.h"
@@ -17,7 +18,7 @@ double numberOr(QPDFObjectHandle value, double otherwise) {
 }
 
 std::string textOf(QPDFObjectHandle value) {
-  if (value.isName()) return value.getName().substr(1);
+  if (value.isName()) return textOfName(value);
   return value.isString() ? value.getUTF8Value() : "";
 }
 
@@ -50,14 +51,14 @@ std::optional<PdfBox> boxOf(PdfPage page) {
   return seen(page.mediaBox, "media box", page);
 }
 
-std::vector<std::string> layersOf(QPDF& pdf) {
-  std::vector<std::string> names;
+std::set<std::string> layersOf(QPDF& pdf) {
+  std::set<std::string> names;
   QPDFObjectHandle properties = pdf.getRoot().getKey("/OCProperties");
   if (!properties.isDictionary()) return names;
   QPDFObjectHandle groups = properties.getKey("/OCGs");
   for (int i = 0; groups.isArray() && i < groups.getArrayNItems(); ++i) {
     QPDFObjectHandle group = groups.getArrayItem(i);
-    if (group.isDictionary()) names.push_back(textOf(group.getKey("/Name")));
+    if (group.isDictionary()) names.insert(textOf(group.getKey("/Name")));
   }
   return names;
 }
