@@ -85,8 +85,8 @@ fetch() {
     -o "Dir::State::lists=$work/lists" -o Dir::Cache::srcpkgcache= -o Dir::Cache::pkgcache=
     -o APT::Sandbox::User=root)
   [ -z "${foreign:-}" ] || options+=(-o "APT::Architecture=$foreign" -o "APT::Architectures::=$foreign")
-  quietly apt-get "${options[@]}" -o APT::Update::Error-Mode=any update ||
-    die "could not read the lists of packages"
+  # A mirror that is being brought up to date lacks a list for a while: the others may do.
+  apt-get "${options[@]}" update >/dev/null 2>&1 || true
   (cd "$work" && quietly apt-get "${options[@]}" "$@") || die "could not download: ${*: -1}"
 }
 

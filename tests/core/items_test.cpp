@@ -39,7 +39,10 @@ struct ByPath {
   bool operator()(double& v) const { return metadata.GetProperty_Float(ns, name(), &v, nullptr); }
   bool operator()(bool& v) const { return metadata.GetProperty_Bool(ns, name(), &v, nullptr); }
   bool operator()(std::int32_t& v) const {
-    return metadata.GetProperty_Int(ns, name(), &v, nullptr);
+    XMP_Int32 stored = v;  // another type of that size on some machines
+    const bool isThere = metadata.GetProperty_Int(ns, name(), &stored, nullptr);
+    v = static_cast<std::int32_t>(stored);
+    return isThere;
   }
   const char* name() const { return path.c_str(); }
 

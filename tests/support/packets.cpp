@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "support/packets.h"
 
-#include <iconv.h>
-
 #include <algorithm>
 
 #include "core/namespaces.h"
@@ -55,13 +53,23 @@ std::string list(const std::string& array, const std::string& kind, const Items&
 }
 
 std::string utf16(const std::string& utf8, bool bigEndian) {
-  std::string narrow = utf8, wide(2 * utf8.size(), '\0');
-  char *in = narrow.data(), *out = wide.data();
-  std::size_t unread = narrow.size(), room = wide.size();
-  iconv_t conversion = iconv_open(bigEndian ? "UTF-16BE" : "UTF-16LE", "UTF-8");
-  iconv(conversion, &in, &unread, &out, &room);
-  iconv_close(conversion);
-  return wide.substr(0, wide.size() - room);
+  std::string wide;
+  const auto append = [&](std::uint32_t unit) {
+    const char high = static_cast<char>(unit >> 8), low = static_cast<char>(unit & 0xFF);
+    wide += bigEndian ? high : low;
+    wide += bigEndian ? low : high;
+  };
+  for (std::size_t at = 0; at < utf8.size();) {
+    const auto first = static_cast<unsigned char>(utf8[at++]);
+    const int more = first < 0xC0 ? 0 : first < 0xE0 ? 1 : first < 0xF0 ? 2 : 3;
+    std::uint32_t point = more == 0 ? first : first & (0x3FU >> more);
+    for (int i = 0; i < more; ++i) {
+      point = point << 6 | (static_cast<unsigned char>(utf8.at(at++)) & 0x3FU);
+    }
+    if (point >= 0x10000) append(0xD800 + ((point - 0x10000) >> 10));
+    append(point < 0x10000 ? point : 0xDC00 + ((point - 0x10000) & 0x3FF));
+  }
+  return wide;
 }
 
 std::string stored(const XMPlib& xmp) {

@@ -9,6 +9,7 @@
 
 #include "checks/barcode_digits.h"
 #include "checks/finding.h"
+#include "checks/folded_name.h"
 #include "checks/packet_numbers.h"
 #include "support/program.h"
 
@@ -50,6 +51,7 @@ constexpr Namespace kNamespaces[] = {
     {"vxScreenC", "screencontainer/1.0/"},
     {"vxScreenL", "screenlist/1.0/"},
     {"vxScreen", "screeninfo/1.0/"},
+    {"vxLayL", "laylist/1.0/"},
     {"vxDGCL", "dgclist/1.0/"},
     {"vxDGC", "dgc/1.0/"},
     {"vxSrLayout", "srlayout/1.0/"},
@@ -68,8 +70,11 @@ std::string packet(const std::string& properties, std::size_t padding = 1024,
          std::string(padding, ' ') + "<?xpacket end=\"" + end + "\"?>";
 }
 
-std::string element(const std::string& name, const std::string& content) {
-  return '<' + name + '>' + content + "</" + name + '>';
+const char* const kStructure = " rdf:parseType=\"Resource\"";
+
+std::string element(const std::string& name, const std::string& content,
+                    const std::string& attributes = "") {
+  return '<' + name + attributes + '>' + content + "</" + name + '>';
 }
 
 // An array of items that are written as attributes, or, where they begin with "<", as elements.
@@ -241,6 +246,16 @@ const std::vector<Fault>& faults() {
       {{"items-hidden vxExtFL:files"},
        packet(list("vxExtFL:files", {"stRef:instanceID=\"a\""})),
        packet(list("vxExtFL:files", {oldRef("a")}))},
+      {{"items-hidden layers"},
+       packet(element("vxLayL:layers", "Artwork")),
+       packet(element("vxLayL:layers", ""))},
+      {{"items-hidden screens", "items-hidden film.jobReferences"},
+       packet(element("vxScreenC:screenContainer", "a") + element("vxDigFilmRefs:files", "b")),
+       packet(groups({group({screen("")})}) + element("vxScreenL:screens", "a") +
+              list("vxDigFilmRefs:files", {}))},
+      {{"items-hidden extRefs"},
+       packet(element("vxExtFL2:files", "<vxExtF:a>b</vxExtF:a>", kStructure)),
+       packet(list("vxExtFL2:files", {ref("a")}))},
       {{"ref-unexpandable extRefs[1].instanceID"},
        packet(list("vxExtFL2:files", {ref("a"), ref("Files:a_*.tif#001")})),
        packet(list("vxExtFL2:files", {ref("a"), ref("Files:a_*.tif#001-004")}))},
@@ -250,6 +265,14 @@ const std::vector<Fault>& faults() {
       {{"ref-unexpandable extRefs"},
        packet(list("vxExtFL2:files", {ref("files:a_*.tif#0-999999999")})),
        packet(list("vxExtFL2:files", {ref("files:a_*.tif#0-999")}))},
+      {{"ref-unexpandable extRefs[0].instanceID", "ref-unexpandable extRefs[1].instanceID",
+        "ref-unexpandable extRefs[2].instanceID", "ref-unexpandable extRefs[3].instanceID",
+        "ref-unexpandable extRefs[4].instanceID", "ref-unexpandable extRefs[5].instanceID"},
+       packet(list("vxExtFL2:files", {ref("files:a_*.tif#x-y"), ref("files:a_*.tif#001-4x"),
+                                      ref("files:a_*.tif#-004"), ref("files:a_*.tif#1-"),
+                                      ref("files:a#1-2*"), ref("files:a_*#1-4294967300")})),
+       packet(list("vxExtFL2:files", {ref("files:a_*.tif#0-0"), ref("files:a#_*-b#c.tif#8-11"),
+                                      ref("files:*#01-02")}))},
 
       {{"value-invalid scalars.nrPages"}, packet(pages("two")), packet(pages(" 0x2 "))},
       {{"value-invalid scalars.isTrapped"},
@@ -291,16 +314,28 @@ const std::vector<Fault>& faults() {
        packet(barcode("EAN", "400638133393"))},
       {{"barcode-check-digit barcodes[0].code"},
        packet(barcode("ean 13", "4006381333932")),
-       packet(barcode("ean 13", "4 006381-333931"))},
+       packet(barcode("ean 13", "4 006381-333931 "))},
+      {{"barcode-digits barcodes[0].code"},
+       packet(barcode("EAN-13", "4006381333931 123")),
+       packet(barcode("EAN-13", "4006381333931 12"))},
+      {{"barcode-digits barcodes[0].code"},
+       packet(barcode("EAN-13", "40063813339 3")),
+       packet(barcode("EAN-13", "40063813339 31"))},
+      {{"barcode-digits barcodes[0].code"},
+       packet(barcode("ITF-14", "15400141288763 12")),
+       packet(barcode("UPC-A", "0 36000 29145 2 51995"))},
 
       {{"coverage-count inks"}, packet(covered({"1"})), packet(covered({}))},
       {{"coverage-count inks"}, packet(covered({"1", "2", "3"})), packet(covered({"1", "2"}))},
       {{"coverage-range inks[0].pct", "coverage-range inks[1].pct"},
-       packet(covered({"-1", "100.5"})),
-       packet(covered({"0", "100"}))},
+       packet(covered({"-1", "100.00001"})),
+       packet(covered({"-0.000000001", "100.000000001"}))},
       {{"ink-alike inks[1]"},
        packet(list("vxGr:inks", {ink("Spot 485"), ink("SPOT485", "75")})),
        packet(list("vxGr:inks", {ink("Spot 485"), ink("Spot 486")}))},
+      {{"ink-alike inks[1]"},
+       packet(list("vxGr:inks", {ink("GRÜN 3"), ink("grün\u00A03")})),
+       packet(list("vxGr:inks", {ink("GRÜN 3"), ink("GRÚN 3")}))},
       {{"ink-alike film.inks[2]"},
        packet(list("vxGr:inks", {filmInk("A"), filmInk("A"), filmInk("a")})),
        packet(list("vxGr:inks", {filmInk("A"), filmInk("A")}))},
@@ -318,6 +353,9 @@ const std::vector<Fault>& faults() {
       {{"curve-range dgcs[0].values"}, packet(curve("0 0.5 1.1 ")), packet(curve("0 0.5 1 "))},
       {{"curve-range dgcs[0].values"}, packet(curve("0 nan 1 ")), packet(curve("0 0 1 "))},
       {{"curve-fall dgcs[0].values"}, packet(curve("0 60 50 100 ")), packet(curve("0 50 50 100 "))},
+      {{"curve-fall dgcs[0].values", "curve-range dgcs[0].values"},
+       packet(curve("0 50.00001 50 100.00001 ")),
+       packet(curve("0 50.0000001 50 100.0000001 "))},
 
       {{"page-range-backward pageRanges[0]"},
        packet(ranges({range("2", "1")})),
@@ -383,13 +421,31 @@ TEST(PacketChecks, EachHasItsFault) {
   }
 }
 
+// What the first finding says.
+std::string toldOf(const std::string& properties) {
+  const std::vector<Finding> findings = findingsIn(packet(properties));
+  return findings.empty() ? "" : findings[0].message;
+}
+
 TEST(PacketChecks, SayWhatIsLost) {
-  const std::vector<Finding> findings =
-      findingsIn(packet(list("vxFontL:fonts", {font("A"), "vxFont:name=\"B\"", font("C")})));
-  ASSERT_EQ(findings.size(), 1U);
-  EXPECT_EQ(findings[0].message,
+  EXPECT_EQ(toldOf(list("vxFontL:fonts", {font("A"), "vxFont:name=\"B\"", font("C")})),
             "fonts[1] has no vxFont:type: reading ends there, and the next program that writes the "
             "list deletes 2 stored items");
+  EXPECT_EQ(toldOf(element("vxLayL:layers", "Artwork")),
+            "layers is stored as a text, not as a list: nothing of it is read, and the next "
+            "program that writes the list deletes it");
+}
+
+TEST(PacketChecks, SayValuesAsTheyAreStored) {
+  EXPECT_EQ(
+      toldOf(barcode("EAN-13", "4006381-333932 12")),
+      "the check digit of EAN-13 \"4006381-333932 12\" is 1, not 2: scanners refuse the code");
+  EXPECT_EQ(toldOf(barcode("EAN-8", "9638 507")),
+            "barcodes[0] has the code \"9638 507\", which is no EAN-8 of 8 digits: no barcode can "
+            "be made of it");
+  EXPECT_EQ(toldOf(covered({"1", "100.00001"})),
+            "inks[1].pct is a coverage of 100.00001, which cannot be: what is reckoned from it, as "
+            "the need of ink, is wrong");
 }
 
 TEST(PacketChecks, AFaultThatComesOftenIsCounted) {
@@ -412,7 +468,23 @@ TEST(PacketChecks, SamplesHaveNoErrors) {
   }
 }
 
-// --- What is a number, a date, a barcode --------------------------------------------------------
+// --- What is a name, a number, a date, a barcode ------------------------------------------------
+
+TEST(PacketChecks, NamesAreOneButForCaseAndBlanks) {
+  struct Pair {
+    const char *capital, *small;
+  };
+  for (const Pair& pair : {Pair{"PANTONE 485", "Pantone\t485"}, Pair{"ÀÖØÞ", "àöøþ"},
+                           Pair{"ĀĮĲĶĹŇŊŶŸŹŽ", "āįĳķĺňŋŷÿźž"}, Pair{"ΆΈΊΌΎΏΑΡΣΫ", "άέίόύώαρςϋ"},
+                           Pair{"ЀЏАЯҐҾӐ", "ѐџаяґҿӑ"}, Pair{"ẠỹỸ", "ạỹỹ"},
+                           Pair{" a\u00A0b\u2009c\u3000", "ab\u202Fc"}}) {
+    EXPECT_EQ(vxmeta::folded(pair.capital), vxmeta::folded(pair.small)) << pair.capital;
+  }
+  for (const Pair& pair : {Pair{"×", "÷"}, Pair{"ß", "ÿ"}, Pair{"a-b", "ab"}, Pair{"ŉ", "Ŋ"},
+                           Pair{"Ä", "A"}, Pair{"@", "`"}, Pair{"Б", "В"}}) {
+    EXPECT_NE(vxmeta::folded(pair.capital), vxmeta::folded(pair.small)) << pair.capital;
+  }
+}
 
 TEST(PacketChecks, Dates) {
   for (const char* date : {"2026", "2026-11", "2026-11-02", "2026-11-02T09:30", "2026-11-02T09:30Z",

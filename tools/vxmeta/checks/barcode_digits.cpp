@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <cctype>
+#include <string_view>
 
 namespace vxmeta {
 namespace {
@@ -14,14 +15,27 @@ constexpr DigitCode kCodes[] = {
     {"ITF-14", "itf14", 14, false},
 };
 
-bool isSeparator(char c) { return c == ' ' || c == '-'; }
+constexpr std::string_view kSeparators = " -";
 
-std::string withoutSeparators(std::string text) {
-  text.erase(std::remove_if(text.begin(), text.end(), isSeparator), text.end());
-  return text;
+std::string withoutSeparators(std::string_view text) {
+  std::string rest(text);
+  std::erase_if(rest, [](char c) { return kSeparators.find(c) != std::string_view::npos; });
+  return rest;
 }
 
-bool isAddOn(const std::string& text) { return text.size() == 2 || text.size() == 5; }
+bool isAddOn(std::string_view text) { return text.size() == 2 || text.size() == 5; }
+
+// What stands before the add-on; all, where there is none.
+std::string_view withoutAddOn(const DigitCode& code, std::string_view text) {
+  const std::size_t plus = text.find('+');
+  if (plus != std::string_view::npos) {
+    return isAddOn(withoutSeparators(text.substr(plus + 1))) ? text.substr(0, plus) : text;
+  }
+  const std::size_t group = text.find_last_of(kSeparators) + 1;
+  const std::string_view before = text.substr(0, group);
+  const bool isWhole = withoutSeparators(before).size() == code.digits;
+  return isWhole && isAddOn(text.substr(group)) ? before : text;
+}
 
 }  // namespace
 
@@ -34,11 +48,7 @@ const DigitCode* digitCodeNamed(const std::string& name) {
 }
 
 std::string mainDigits(const DigitCode& code, const std::string& text) {
-  const std::string digits = withoutSeparators(text);
-  const std::size_t plus = digits.find('+');
-  const bool hasAddOn =
-      code.hasAddOn && plus != std::string::npos && isAddOn(digits.substr(plus + 1));
-  return hasAddOn ? digits.substr(0, plus) : digits;
+  return withoutSeparators(code.hasAddOn ? withoutAddOn(code, text) : text);
 }
 
 // From the right, the digits count three times and once by turns; the check digit makes the sum a

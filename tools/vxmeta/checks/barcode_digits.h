@@ -11,7 +11,7 @@ struct DigitCode {
   const char* name;       // "EAN-13"
   const char* plainName;  // "ean13"
   std::size_t digits;     // with the check digit
-  bool hasAddOn;          // 2 or 5 digits may follow, behind a "+"
+  bool hasAddOn;          // 2 or 5 digits may follow, behind a "+" or as a group of their own
 };
 
 // The code of that name, in any case of letters, with or without blanks and hyphens; null: another.

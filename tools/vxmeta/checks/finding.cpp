@@ -38,9 +38,10 @@ const char* nameOf(Severity severity) {
 const std::vector<Check>& allChecks() {
   static const std::vector<Check> kAll = [] {
     std::vector<Check> all;
-    for (const auto& family : {packetLossChecks(), packetValueChecks(), packetBarcodeChecks(),
-                               packetInkChecks(), packetScreenChecks(), packetPageChecks(),
-                               packetListChecks(), packetStateChecks(), pdfChecks()}) {
+    for (const auto& family :
+         {packetLossChecks(), packetValueChecks(), packetBarcodeChecks(), packetInkChecks(),
+          packetScreenChecks(), packetPageChecks(), packetListChecks(), packetStateChecks(),
+          pdfInkChecks(), pdfChecks()}) {
       all.insert(all.end(), family.begin(), family.end());
     }
     return all;

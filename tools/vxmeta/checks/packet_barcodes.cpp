@@ -22,7 +22,7 @@ bool fits(const DigitCode& code, const std::string& digits) {
   return digits.size() == code.digits && std::all_of(digits.begin(), digits.end(), isDigit);
 }
 
-// Calls `look(index, code, digits)` for each barcode of a fixed number of digits that has any.
+// Calls `look(path, code, stored)` for each barcode of a fixed number of digits that has any.
 template <class Look>
 void forEachDigitCode(const XMPlib& packet, const Look& look) {
   std::vector<XMPlBarcode> barcodes;
@@ -30,33 +30,34 @@ void forEachDigitCode(const XMPlib& packet, const Look& look) {
   for (std::size_t i = 0; i < barcodes.size(); ++i) {
     const DigitCode* code = codeOf(barcodes[i]);
     if (code == nullptr || barcodes[i].code.empty()) continue;
-    look(i, *code, mainDigits(*code, barcodes[i].code));
+    look(indexed("barcodes", i), *code, barcodes[i].code);
   }
 }
 
 void checkFit(const Subject& subject, Findings& found) {
-  forEachDigitCode(subject.packet, [&](std::size_t i, const DigitCode& code,
-                                       const std::string& digits) {
-    if (fits(code, digits)) return;
-    found.add(indexed("barcodes", i) + ".code",
-              fmt::format("barcodes[{}] has the code {}, which is no {} of {} digits: no barcode "
-                          "can be made of it",
-                          i, quoted(digits), code.name, code.digits),
+  const auto look = [&](const std::string& path, const DigitCode& code, const std::string& stored) {
+    if (fits(code, mainDigits(code, stored))) return;
+    found.add(path + ".code",
+              fmt::format("{} has the code {}, which is no {} of {} digits: no barcode can be made "
+                          "of it",
+                          path, quoted(stored), code.name, code.digits),
               "write all digits, the check digit too, or name the code that it is");
-  });
+  };
+  forEachDigitCode(subject.packet, look);
 }
 
 void checkCheckDigit(const Subject& subject, Findings& found) {
-  forEachDigitCode(
-      subject.packet, [&](std::size_t i, const DigitCode& code, const std::string& digits) {
-        if (!fits(code, digits)) return;
-        const char right = checkDigit(digits.substr(0, digits.size() - 1));
-        if (digits.back() == right) return;
-        found.add(indexed("barcodes", i) + ".code",
-                  fmt::format("the check digit of {} {} is {}, not {}: scanners refuse the code",
-                              code.name, digits, right, digits.back()),
-                  "look for a wrong digit in the order before you correct the last one");
-      });
+  const auto look = [&](const std::string& path, const DigitCode& code, const std::string& stored) {
+    const std::string digits = mainDigits(code, stored);
+    if (!fits(code, digits)) return;
+    const char right = checkDigit(digits.substr(0, digits.size() - 1));
+    if (digits.back() == right) return;
+    found.add(path + ".code",
+              fmt::format("the check digit of {} {} is {}, not {}: scanners refuse the code",
+                          code.name, quoted(stored), right, digits.back()),
+              "look for a wrong digit in the order before you correct the last one");
+  };
+  forEachDigitCode(subject.packet, look);
 }
 
 }  // namespace

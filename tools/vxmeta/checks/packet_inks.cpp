@@ -1,9 +1,10 @@
 // SPDX-License-Identifier: Apache-2.0
 // Inks and their coverage.
 #include <fmt/format.h>
-#include <cctype>
+#include <limits>
 #include <tuple>
 
+#include "checks/folded_name.h"
 #include "checks/packet_checks.h"
 #include "checks/packet_reading.h"
 
@@ -37,7 +38,7 @@ void checkCoverageCount(const Subject& subject, Findings& found) {
 
 void tellCoverage(const std::string& path, double value, Findings& found) {
   found.add(path,
-            fmt::format("{} is a coverage of {:.6g}, which cannot be: what is reckoned from it, as "
+            fmt::format("{} is a coverage of {}, which cannot be: what is reckoned from it, as "
                         "the need of ink, is wrong",
                         path, value),
             "measure the coverage anew");
@@ -45,36 +46,27 @@ void tellCoverage(const std::string& path, double value, Findings& found) {
 
 void checkCoverageRange(const Subject& subject, Findings& found) {
   constexpr double kAll = 100;  // percent
+  constexpr double kNoLimit = std::numeric_limits<double>::infinity();
   const std::vector<XMPlInk> inks = documentInks(subject.packet);
   for (std::size_t i = 0; i < inks.size(); ++i) {
     const XMPlInk& ink = inks[i];
     if (!ink.coverageValid) continue;
     const std::string path = indexed("inks", i);
-    if (!(ink.pct >= 0 && ink.pct <= kAll)) tellCoverage(path + ".pct", ink.pct, found);
-    if (!(ink.mm2 >= 0)) tellCoverage(path + ".mm2", ink.mm2, found);
+    if (!isWithin(ink.pct, 0, kAll)) tellCoverage(path + ".pct", ink.pct, found);
+    if (!isWithin(ink.mm2, 0, kNoLimit)) tellCoverage(path + ".mm2", ink.mm2, found);
   }
 }
 
 // --- Inks that are one --------------------------------------------------------------------------
 
-// Without case and blanks.
-std::string plain(const std::string& text) {
-  std::string result;
-  for (const char c : text) {
-    const auto byte = static_cast<unsigned char>(c);
-    if (std::isspace(byte) == 0) result += static_cast<char>(std::tolower(byte));
-  }
-  return result;
-}
-
-auto plainIdentity(const XMPlInkBasic& ink) {
-  return std::make_tuple(plain(ink.name), plain(ink.type), plain(ink.book), plain(ink.vxname),
-                         plain(ink.attribute), plain(ink.printingmethod));
+auto foldedIdentity(const XMPlInkBasic& ink) {
+  return std::make_tuple(folded(ink.name), folded(ink.type), folded(ink.book), folded(ink.vxname),
+                         folded(ink.attribute), folded(ink.printingmethod));
 }
 
 // The ruling as text: a NaN has no order.
 auto identityButAngle(const XMPlInk& ink) {
-  return std::make_tuple(plainIdentity(ink), fmt::to_string(ink.frequency), plain(ink.dotshape));
+  return std::make_tuple(foldedIdentity(ink), fmt::to_string(ink.frequency), folded(ink.dotshape));
 }
 
 void tellAlike(const char* list, std::size_t first, std::size_t index, const std::string& name,
@@ -92,7 +84,7 @@ void checkAlike(const Subject& subject, Findings& found) {
   });
   // A film of several pages has the same ink once for each.
   const std::vector<XMPlInkDigFilm> films = filmInks(subject.packet);
-  forEachRepeated(films, plainIdentity, [&](std::size_t first, std::size_t index) {
+  forEachRepeated(films, foldedIdentity, [&](std::size_t first, std::size_t index) {
     if (films[first] != films[index]) {
       tellAlike("film.inks", first, index, films[index].name, found);
     }

@@ -3,7 +3,9 @@
 #include <fmt/format.h>
 #include <algorithm>
 #include <cctype>
-#include <cstdlib>
+#include <charconv>
+#include <cstdint>
+#include <optional>
 #include <stdexcept>
 #include <string_view>
 
@@ -36,14 +38,17 @@ bool areWrittenByTheLibrary(const StoredProperties& stored) {
   });
 }
 
-bool isLoss(const StoredProperties& stored, const XMPlUnreadItems& row) {
+// Lists in old layouts, which count where there is no current one.
+bool isReplaced(const StoredProperties& stored, const std::string& list) {
+  const char* current = list == "vxExtFL:files"       ? "vxExtFL2:files"
+                        : list == "vxScreenL:screens" ? "vxScreenC:screenContainer"
+                                                      : nullptr;
+  return current != nullptr && stored.property(current) != nullptr;
+}
+
+bool hidesItems(const StoredProperties& stored, const XMPlUnreadItems& row) {
   if (row.list == "vxScreenC:screenContainer") return hidesScreens(stored, row);
   if (row.list == "vxDigFilmRefs:files") return !areWrittenByTheLibrary(stored);
-  // The old layouts count where there is no current one.
-  if (row.list == "vxExtFL:files") return stored.property("vxExtFL2:files") == nullptr;
-  if (row.list == "vxScreenL:screens") {
-    return stored.property("vxScreenC:screenContainer") == nullptr;
-  }
   return row.list != "vxInkCovL:coverage";  // its number is looked at with the inks
 }
 
@@ -55,20 +60,49 @@ std::string whyUnread(const XMPlUnreadItems& row) {
   return row.reason.empty() ? "cannot be read" : "cannot be read (" + row.reason + ")";
 }
 
+void tellHiddenItems(const XMPlUnreadItems& row, const std::string& path, Findings& found) {
+  const std::string items =
+      counted(static_cast<std::size_t>(std::max(row.stored - row.read, 0)), "stored item");
+  found.add(path,
+            fmt::format("{}[{}] {}: reading ends there, and the next program that writes the list "
+                        "deletes {}",
+                        path, row.read, whyUnread(row), items),
+            "mend that item, or take it out, before anything writes the list");
+}
+
+// What stands in a list's place; null: nothing that could be lost. Lists in items of other lists
+// are not looked up.
+const char* formInPlaceOf(const StoredProperties& stored, const std::string& list) {
+  const StoredNode* node = stored.property(list);
+  if (node == nullptr) return "something else";
+  if (node->form == StoredNode::Form::structure) {
+    return node->children.empty() ? nullptr : "a structure";
+  }
+  return node->text.empty() ? nullptr : "a text";
+}
+
+void tellNoList(const char* form, const std::string& path, Findings& found) {
+  found.add(path,
+            fmt::format("{} is stored as {}, not as a list: nothing of it is read, and the next "
+                        "program that writes the list deletes it",
+                        path, form),
+            "write the list anew from its source, or look whether another program needs it");
+}
+
+std::string pathOf(const XMPlUnreadItems& row, const XMPlib& packet) {
+  return row.list == "vxGr:inks" ? inksPath(packet) : pathOfList(row.list);
+}
+
 void checkHidden(const Subject& subject, Findings& found) {
-  const bool isFilm = holdsFilmInks(subject.packet);
+  const StoredProperties& stored = subject.stored();
   std::vector<XMPlUnreadItems> unread;
-  subject.packet.GetUnreadItems(unread, isFilm);
+  subject.packet.GetUnreadItems(unread, holdsFilmInks(subject.packet));
   for (const XMPlUnreadItems& row : unread) {
-    if (!isLoss(subject.stored(), row)) continue;
-    const std::string list = row.list == "vxGr:inks" && isFilm ? "film.inks" : pathOfList(row.list);
-    const std::string items =
-        counted(static_cast<std::size_t>(std::max(row.stored - row.read, 0)), "stored item");
-    found.add(list,
-              fmt::format("{}[{}] {}: reading ends there, and the next program that writes the "
-                          "list deletes {}",
-                          list, row.read, whyUnread(row), items),
-              "mend that item, or take it out, before anything writes the list");
+    if (isReplaced(stored, row.list)) continue;
+    const std::string path = pathOf(row, subject.packet);
+    const char* form = row.stored == 0 ? formInPlaceOf(stored, row.list) : nullptr;
+    if (form != nullptr) tellNoList(form, path, found);
+    if (row.stored > 0 && hidesItems(stored, row)) tellHiddenItems(row, path, found);
   }
 }
 
@@ -83,16 +117,42 @@ bool isRun(const std::string& name) {
       [](char scheme, unsigned char c) { return scheme == std::tolower(c); });
 }
 
-// What is wrong with a run; null: nothing.
-const char* faultOf(const std::string& run) {
+// The numbers of a run as they are written.
+struct RunNumbers {
+  std::string_view first, last;
+};
+
+bool areDigits(std::string_view text) {
+  return !text.empty() && text.find_first_not_of("0123456789") == std::string_view::npos;
+}
+
+std::optional<RunNumbers> numbersOf(std::string_view run) {
   const std::size_t hash = run.rfind('#');
-  const std::size_t dash = hash == std::string::npos ? hash : run.find('-', hash);
-  if (run.find('*') == std::string::npos || dash == std::string::npos) {
-    return "is no \"files:PREFIX*EXTENSION#FIRST-LAST\"";
+  if (hash == std::string_view::npos || run.substr(0, hash).find('*') == std::string_view::npos) {
+    return {};
   }
-  const long first = std::strtol(run.c_str() + hash + 1, nullptr, 10);
-  const long last = std::strtol(run.c_str() + dash + 1, nullptr, 10);
-  return last < first ? "runs from a higher number to a lower one" : nullptr;
+  const std::string_view numbers = run.substr(hash + 1);
+  const std::size_t dash = numbers.find('-');
+  if (dash == std::string_view::npos) return {};
+  const RunNumbers result = {numbers.substr(0, dash), numbers.substr(dash + 1)};
+  return areDigits(result.first) && areDigits(result.last) ? std::optional(result) : std::nullopt;
+}
+
+std::optional<std::int32_t> numberIn(std::string_view digits) {
+  std::int32_t number = 0;
+  const auto parsed = std::from_chars(digits.data(), digits.data() + digits.size(), number);
+  return parsed.ec == std::errc() ? std::optional(number) : std::nullopt;
+}
+
+// What is wrong with a run; null: nothing. The library is lenient: where a number is wrong, it
+// expands the run into other files.
+const char* faultOf(const std::string& run) {
+  const std::optional<RunNumbers> numbers = numbersOf(run);
+  if (!numbers) return "is no \"files:PREFIX*EXTENSION#FIRST-LAST\"";
+  const auto first = numberIn(numbers->first);
+  const auto last = numberIn(numbers->last);
+  if (!first || !last) return "has a number above 2147483647";
+  return *last < *first ? "runs from a higher number to a lower one" : nullptr;
 }
 
 void checkRuns(const Subject& subject, Findings& found) {

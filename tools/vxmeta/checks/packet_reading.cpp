@@ -23,6 +23,11 @@ std::string counted(std::size_t count, const char* thing) {
   return fmt::format("{} {}{}", count, thing, count == 1 ? "" : "s");
 }
 
+bool hasList(const Subject& subject, std::string_view property) {
+  const StoredNode* stored = subject.stored().property(property);
+  return stored != nullptr && stored->form == StoredNode::Form::list;
+}
+
 const std::vector<StoredNode>& itemsOf(const StoredNode* list) {
   static const std::vector<StoredNode> kNone;
   return list == nullptr || list->form != StoredNode::Form::list ? kNone : list->children;

@@ -111,11 +111,11 @@ void checkCurveRange(const Subject& subject, Findings& found) {
   for (std::size_t i = 0; i < curves.size(); ++i) {
     const std::vector<double>& values = curves[i].values;
     const double highest = highestOf(values);
-    const auto isOutside = [&](double value) { return !(value >= 0 && value <= highest); };
+    const auto isOutside = [&](double value) { return !isWithin(value, 0, highest); };
     const auto wrong = std::find_if(values.begin(), values.end(), isOutside);
     if (wrong == values.end()) continue;
     found.add(indexed("dgcs", i) + ".values",
-              fmt::format("the curve {} has the value {:.6g}, outside 0 to {:g}: tones are lost "
+              fmt::format("the curve {} has the value {}, outside 0 to {}: tones are lost "
                           "there, or the plate is refused",
                           quoted(curves[i].name), *wrong, highest),
               "correct the curve");
@@ -123,13 +123,14 @@ void checkCurveRange(const Subject& subject, Findings& found) {
 }
 
 void checkCurveFall(const Subject& subject, Findings& found) {
+  const auto falls = [](double value, double next) { return value > next + kRounding; };
   const std::vector<XMPlDgcc> curves = curvesOf(subject.packet);
   for (std::size_t i = 0; i < curves.size(); ++i) {
     const std::vector<double>& values = curves[i].values;
-    const auto fall = std::adjacent_find(values.begin(), values.end(), std::greater<>());
+    const auto fall = std::adjacent_find(values.begin(), values.end(), falls);
     if (fall == values.end()) continue;
     found.add(indexed("dgcs", i) + ".values",
-              fmt::format("the curve {} falls from {:.6g} to {:.6g}: a darker tone prints lighter",
+              fmt::format("the curve {} falls from {} to {}: a darker tone prints lighter",
                           quoted(curves[i].name), *fall, *(fall + 1)),
               "correct the curve");
   }

@@ -3,13 +3,14 @@
 
 #include <fmt/format.h>
 #include <algorithm>
-#include <cctype>
 #include <cmath>
 #include <optional>
 #include <set>
 #include <string>
 
-#include "checks/reading.h"
+#include "checks/folded_name.h"
+#include "checks/packet_reading.h"
+#include "checks/shared_names.h"
 #include "checks/standard_properties.h"
 
 namespace vxmeta {
@@ -17,9 +18,10 @@ namespace {
 
 // --- Pages --------------------------------------------------------------------------------------
 
-void checkPageCount(const PdfFacts& pdf, const XMPlib& packet, Findings& found) {
+void checkPageCount(const PdfFacts& pdf, const Subject& subject, Findings& found) {
   int pages = 0;
-  if (!packet.GetNrPages(pages) || static_cast<std::size_t>(std::max(pages, 0)) == pdf.pages)
+  if (!subject.packet.GetNrPages(pages) ||
+      static_cast<std::size_t>(std::max(pages, 0)) == pdf.pages)
     return;
   found.add(
       "scalars.nrPages",
@@ -60,10 +62,10 @@ std::optional<Size> sizeOfPage(const XMPlib& packet) {
   return {};
 }
 
-void checkPageSize(const PdfFacts& pdf, const XMPlib& packet, Findings& found) {
+void checkPageSize(const PdfFacts& pdf, const Subject& subject, Findings& found) {
   constexpr double kTolerance = 0.1;  // mm
   constexpr double kMillimetres = 25.4 / 72;
-  const std::optional<Size> said = sizeOfPage(packet);
+  const std::optional<Size> said = sizeOfPage(subject.packet);
   if (!said || !pdf.firstPage) return;
   const double width = pdf.firstPage->width * kMillimetres;
   const double height = pdf.firstPage->height * kMillimetres;
@@ -77,61 +79,20 @@ void checkPageSize(const PdfFacts& pdf, const XMPlib& packet, Findings& found) {
             "correct the dimensions in the packet, or the page box of the PDF");
 }
 
-// --- Inks ---------------------------------------------------------------------------------------
-
-std::string lowered(std::string text) {
-  for (char& c : text) c = static_cast<char>(std::tolower(static_cast<unsigned char>(c)));
-  return text;
-}
-
-bool isUsed(const PdfFacts& pdf, const std::string& ink) {
-  if (pdf.colorants.contains(ink)) return true;
-  const std::string name = lowered(ink);
-  if (name == "black") return pdf.usesCmyk || pdf.usesGray;
-  return pdf.usesCmyk && (name == "cyan" || name == "magenta" || name == "yellow");
-}
-
-void checkInksMissing(const PdfFacts& pdf, const XMPlib& packet, Findings& found) {
-  std::vector<NamedInk> inks;
-  if (!readInks(packet, inks)) return;
-  for (const std::string& colorant : pdf.colorants) {
-    const auto isIt = [&](const NamedInk& ink) { return ink.name == colorant; };
-    if (std::any_of(inks.begin(), inks.end(), isIt)) continue;
-    found.add("inks",
-              fmt::format("the PDF has a separation \"{}\" that is no ink of the packet: nobody "
-                          "plans a plate or screen for it",
-                          colorant),
-              "add the ink to the packet, or map the separation to one of its inks in the PDF");
-  }
-}
-
-void checkInksUnused(const PdfFacts& pdf, const XMPlib& packet, Findings& found) {
-  std::vector<NamedInk> inks;
-  readInks(packet, inks);
-  for (const NamedInk& ink : inks) {
-    if (ink.isMask || isUsed(pdf, ink.name)) continue;
-    found.add(
-        ink.path,
-        fmt::format("no page of the PDF uses the ink \"{}\": its plate would stay empty", ink.name),
-        "remove the ink from the packet, or look whether its separation has another name");
-  }
-}
-
 // --- Fonts and layers ---------------------------------------------------------------------------
 
 // Names are spelt with blanks, hyphens or commas, as the program likes.
-std::string plainName(const std::string& name) {
-  std::string plain;
-  for (const char c : lowered(name)) {
-    if (c != ' ' && c != '-' && c != ',') plain += c;
-  }
+std::u32string plainName(const std::string& name) {
+  std::u32string plain = folded(name);
+  std::erase_if(plain, [](char32_t c) { return c == U'-' || c == U','; });
   return plain;
 }
 
-void checkFonts(const PdfFacts& pdf, const XMPlib& packet, Findings& found) {
+void checkFonts(const PdfFacts& pdf, const Subject& subject, Findings& found) {
+  if (!hasList(subject, "vxFontL:fonts")) return;
   std::vector<XMPlFont> fonts;
-  if (!packet.GetFonts(fonts)) return;
-  std::set<std::string> listed;
+  subject.packet.GetFonts(fonts);
+  std::set<std::u32string> listed;
   for (const XMPlFont& font : fonts) listed.insert(plainName(font.name));
   for (const std::string& name : pdf.fonts) {
     if (listed.contains(plainName(name))) continue;
@@ -143,12 +104,17 @@ void checkFonts(const PdfFacts& pdf, const XMPlib& packet, Findings& found) {
   }
 }
 
-void checkLayersMissing(const PdfFacts& pdf, const XMPlib& packet, Findings& found) {
+std::vector<NamedRecord> layersOf(const XMPlib& packet) {
   std::vector<XMPlLay> layers;
-  if (!packet.GetLayers(layers)) return;
+  packet.GetLayers(layers);
+  return namedRecords(layers, "layers");
+}
+
+void checkLayersMissing(const PdfFacts& pdf, const Subject& subject, Findings& found) {
+  if (!hasList(subject, "vxLayL:layers")) return;
+  const std::set<std::u32string> listed = foldedNames(layersOf(subject.packet));
   for (const std::string& name : pdf.layers) {
-    const auto isIt = [&](const XMPlLay& layer) { return layer.name == name; };
-    if (std::any_of(layers.begin(), layers.end(), isIt)) continue;
+    if (listed.contains(folded(name))) continue;
     found.add("layers",
               fmt::format("the PDF has a layer \"{}\" that the packet does not list: whether it "
                           "prints is not said",
@@ -157,18 +123,20 @@ void checkLayersMissing(const PdfFacts& pdf, const XMPlib& packet, Findings& fou
   }
 }
 
-void checkLayersUnknown(const PdfFacts& pdf, const XMPlib& packet, Findings& found) {
-  std::vector<XMPlLay> layers;
-  packet.GetLayers(layers);
-  for (std::size_t i = 0; i < layers.size(); ++i) {
-    const auto& names = pdf.layers;
-    if (std::find(names.begin(), names.end(), layers[i].name) != names.end()) continue;
-    found.add(indexed("layers", i),
+void checkLayersUnknown(const PdfFacts& pdf, const Subject& subject, Findings& found) {
+  const std::set<std::u32string> names = foldedNames(pdf.layers);
+  for (const NamedRecord& layer : layersOf(subject.packet)) {
+    if (names.contains(folded(layer.name))) continue;
+    found.add(layer.path,
               fmt::format("the layer \"{}\" is no layer of the PDF: what the packet says of it "
                           "cannot be applied",
-                          layers[i].name),
+                          layer.name),
               "remove the layer from the packet, or write the PDF with its layers");
   }
+}
+
+void checkLayerSpelling(const PdfFacts& pdf, const Subject& subject, Findings& found) {
+  tellSpelling(layersOf(subject.packet), pdf.layers, found);
 }
 
 // --- The Info dictionary ------------------------------------------------------------------------
@@ -188,28 +156,29 @@ void addContradiction(const char* path, const std::string& packets, const std::s
             "write the right one into both");
 }
 
-void checkTitle(const PdfFacts& pdf, const XMPlib& packet, Findings& found) {
+void checkTitle(const PdfFacts& pdf, const Subject& subject, Findings& found) {
   if (pdf.info.title.empty()) return;
-  addContradiction("pdfData.title", standardPdfData(packet).title, pdf.info.title, found);
+  addContradiction("pdfData.title", standardPdfData(subject.stored()).title, pdf.info.title, found);
 }
 
-void checkProducer(const PdfFacts& pdf, const XMPlib& packet, Findings& found) {
+void checkProducer(const PdfFacts& pdf, const Subject& subject, Findings& found) {
   if (pdf.info.producer.empty()) return;
-  addContradiction("pdfData.producer", standardPdfData(packet).producer, pdf.info.producer, found);
+  addContradiction("pdfData.producer", standardPdfData(subject.stored()).producer,
+                   pdf.info.producer, found);
 }
 
-void checkTrapped(const PdfFacts& pdf, const XMPlib& packet, Findings& found) {
+void checkTrapped(const PdfFacts& pdf, const Subject& subject, Findings& found) {
   const std::string& info = pdf.info.trapped;
   if (info != "True" && info != "False") return;
-  addContradiction("pdfData.trapped", standardPdfData(packet).trapped, info, found);
+  addContradiction("pdfData.trapped", standardPdfData(subject.stored()).trapped, info, found);
   bool isTrapped = false;
-  if (!packet.GetIsTrapped(isTrapped)) return;
+  if (!subject.packet.GetIsTrapped(isTrapped)) return;
   addContradiction("scalars.isTrapped", isTrapped ? "True" : "False", info, found);
 }
 
 // --- The metadata stream ------------------------------------------------------------------------
 
-void checkHidden(const PdfFacts& pdf, const XMPlib&, Findings& found) {
+void checkHidden(const PdfFacts& pdf, const Subject&, Findings& found) {
   if (!pdf.metadataIsCompressed && !pdf.metadataIsEncrypted) return;
   found.add("packet",
             fmt::format("the metadata stream is {}: tools that search the bytes of the file do not "
@@ -218,19 +187,13 @@ void checkHidden(const PdfFacts& pdf, const XMPlib&, Findings& found) {
             "write the PDF with its metadata in plain, where such tools are in use");
 }
 
-void checkSeveral(const PdfFacts& pdf, const XMPlib&, Findings& found) {
+void checkSeveral(const PdfFacts& pdf, const Subject&, Findings& found) {
   if (pdf.metadataStreams < 2) return;
   found.add("packet",
             fmt::format("the PDF holds {} metadata packets: tools that search the bytes may take "
                         "one that is not the document's",
                         pdf.metadataStreams),
             "`vxmeta extract --list` shows them");
-}
-
-// Of documents that are no PDF, these checks say nothing.
-template <auto check>
-void ofPdf(const Subject& subject, Findings& found) {
-  if (subject.pdf) check(*subject.pdf, subject.packet, found);
 }
 
 }  // namespace
@@ -241,16 +204,14 @@ std::vector<Check> pdfChecks() {
        "the PDF has another number of pages than the packet says", ofPdf<checkPageCount>},
       {"pdf-page-size", Severity::warning,
        "page 1 is more than 0.1 mm larger or smaller than the packet says", ofPdf<checkPageSize>},
-      {"pdf-ink-missing", Severity::warning, "a separation of the PDF is no ink of the packet",
-       ofPdf<checkInksMissing>},
-      {"pdf-ink-unused", Severity::warning, "an ink of the packet is on no page of the PDF",
-       ofPdf<checkInksUnused>},
       {"pdf-font-missing", Severity::warning, "a font of the PDF is not listed in the packet",
        ofPdf<checkFonts>},
       {"pdf-layer-missing", Severity::warning, "a layer of the PDF is not listed in the packet",
        ofPdf<checkLayersMissing>},
       {"pdf-layer-unknown", Severity::warning, "a layer of the packet is none of the PDF",
        ofPdf<checkLayersUnknown>},
+      {"pdf-layer-spelling", Severity::warning,
+       "packet and PDF spell a layer with other case or blanks", ofPdf<checkLayerSpelling>},
       {"pdf-title", Severity::warning, "packet and Info dictionary have different titles",
        ofPdf<checkTitle>},
       {"pdf-producer", Severity::warning, "packet and Info dictionary name different producers",

@@ -1,16 +1,20 @@
 // SPDX-License-Identifier: Apache-2.0
-// The colours that a content stream sets by itself, without a resource.
+// The colours that content paints with by itself, without a colour space among its resources.
 #pragma once
 
+#include <set>
 #include <string>
 
 namespace vxmeta {
 
 struct ContentColours {
-  bool cmyk = false;  // DeviceCMYK
-  bool gray = false;  // DeviceGray
+  bool process = false;  // DeviceCMYK or DeviceRGB
+  bool gray = false;     // DeviceGray: set, or left as content begins with it
 };
 
-ContentColours coloursIn(const std::string& content);
+// `masks` are the names of the image masks among the resources ("/Im0"): they are painted in the
+// colour of the content. Text that is invisible counts like any other.
+// What is behind a process colour is not read.
+ContentColours coloursIn(const std::string& content, const std::set<std::string>& masks);
 
 }  // namespace vxmeta

@@ -1,9 +1,11 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "checks/pdf_facts.h"
 
+#include <algorithm>
 #include <cmath>
 #include <qpdf/QPDF.hh>
 
+#include "checks/pdf_names.h"
 #include "checks/pdf_resources.h"
 #include "files/pdf_pages.h"
 #include "files/qpdf_file.h"
@@ -16,16 +18,28 @@ double numberOr(QPDFObjectHandle value, double otherwise) {
 }
 
 std::string textOf(QPDFObjectHandle value) {
-  if (value.isName()) return value.getName().substr(1);
+  if (value.isName()) return textOfName(value);
   return value.isString() ? value.getUTF8Value() : "";
 }
 
+using Rectangle = QPDFObjectHandle::Rectangle;
+
+// What of `a` is in `b`; none where they have no area in common.
+std::optional<Rectangle> common(const Rectangle& a, const Rectangle& b) {
+  const Rectangle both(std::max(a.llx, b.llx), std::max(a.lly, b.lly), std::min(a.urx, b.urx),
+                       std::min(a.ury, b.ury));
+  return both.llx < both.urx && both.lly < both.ury ? std::optional(both) : std::nullopt;
+}
+
+// No box reaches beyond the media box.
 std::optional<PdfBox> seen(QPDFObjectHandle box, const char* name, PdfPage page) {
   if (!box.isRectangle()) return {};
-  const auto corners = box.getArrayAsRectangle();
+  std::optional<Rectangle> corners = box.getArrayAsRectangle();
+  if (page.mediaBox.isRectangle()) corners = common(*corners, page.mediaBox.getArrayAsRectangle());
+  if (!corners) return {};
   const double unit = numberOr(page.page.getKey("/UserUnit"), 1);
-  PdfBox result = {name, std::fabs(corners.urx - corners.llx) * unit,
-                   std::fabs(corners.ury - corners.lly) * unit};
+  PdfBox result = {name, (corners->urx - corners->llx) * unit,
+                   (corners->ury - corners->lly) * unit};
   const bool isTurned = std::fabs(std::fmod(numberOr(page.rotate, 0), 180)) == 90;
   if (isTurned) std::swap(result.width, result.height);
   return result;
@@ -37,14 +51,14 @@ std::optional<PdfBox> boxOf(PdfPage page) {
   return seen(page.mediaBox, "media box", page);
 }
 
-std::vector<std::string> layersOf(QPDF& pdf) {
-  std::vector<std::string> names;
+std::set<std::string> layersOf(QPDF& pdf) {
+  std::set<std::string> names;
   QPDFObjectHandle properties = pdf.getRoot().getKey("/OCProperties");
   if (!properties.isDictionary()) return names;
   QPDFObjectHandle groups = properties.getKey("/OCGs");
   for (int i = 0; groups.isArray() && i < groups.getArrayNItems(); ++i) {
     QPDFObjectHandle group = groups.getArrayItem(i);
-    if (group.isDictionary()) names.push_back(textOf(group.getKey("/Name")));
+    if (group.isDictionary()) names.insert(textOf(group.getKey("/Name")));
   }
   return names;
 }

@@ -33,12 +33,13 @@ struct PdfFacts {
   std::set<std::string> colorants;  // of Separation and DeviceN spaces, without All and None
   std::set<std::string> fonts;      // PostScript names without subset prefix
 
-  // Colours in DeviceCMYK or a profile of four components, and in DeviceGray. Also where content
-  // cannot be read, so that it may hold such colours.
-  bool usesCmyk = false;
+  // Colours that become process inks: in CMYK, or in a space that is separated into it, as RGB and
+  // Lab; and those that become black alone. Also where content cannot be read, so that it may hold
+  // such colours.
+  bool usesProcess = false;
   bool usesGray = false;
 
-  std::vector<std::string> layers;  // names of the optional-content groups
+  std::set<std::string> layers;  // names of the optional-content groups
   PdfInfo info;
   bool metadataIsCompressed = false;
   bool metadataIsEncrypted = false;

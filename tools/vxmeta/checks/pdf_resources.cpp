@@ -1,9 +1,11 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "checks/pdf_resources.h"
 
+#include <algorithm>
 #include <cctype>
 
 #include "checks/pdf_content.h"
+#include "checks/pdf_names.h"
 #include "files/qpdf_file.h"
 
 namespace vxmeta {
@@ -39,16 +41,41 @@ std::string withoutSubsetPrefix(const std::string& name) {
   return name.substr(kPrefix + 1);
 }
 
-std::string textOfName(QPDFObjectHandle name) { return name.getName().substr(1); }
-
 int integerOf(QPDFObjectHandle value) { return value.isInteger() ? value.getIntValueAsInt() : 0; }
+
+bool isMask(QPDFObjectHandle image) {
+  QPDFObjectHandle mask = entry(image, "/ImageMask");
+  return mask.isBool() && mask.getBoolValue();
+}
+
+std::set<std::string> masksAmong(QPDFObjectHandle resources) {
+  std::set<std::string> names;
+  QPDFObjectHandle painters = entry(resources, "/XObject");
+  if (!painters.isDictionary()) return names;
+  for (const std::string& name : painters.getKeys()) {
+    if (isMask(painters.getKey(name))) names.insert(name);
+  }
+  return names;
+}
+
+// A space is the name of its family, or an array that begins with it; empty: it is neither.
+std::string familyOf(QPDFObjectHandle space) {
+  if (space.isArray() && space.getArrayNItems() > 0) space = space.getArrayItem(0);
+  return space.isName() ? space.getName() : "";
+}
+
+// What stands behind the family; null: nothing.
+QPDFObjectHandle parameterOf(QPDFObjectHandle space) {
+  const bool hasIt = space.isArray() && space.getArrayNItems() > 1;
+  return hasIt ? space.getArrayItem(1) : QPDFObjectHandle::newNull();
+}
 
 }  // namespace
 
 void ResourceWalk::visit(const std::vector<PdfPage>& pages) {
   for (const PdfPage& page : pages) {
     visitResources(page.resources);
-    visitContent(entry(page.page, "/Contents"));
+    visitContent(entry(page.page, "/Contents"), page.resources);
     pushAppearances(page.page);
     visitPainters();
   }
@@ -85,15 +112,19 @@ void ResourceWalk::visitPainters() {
 // A form, an image, a pattern, a shading, or the glyph of a font.
 void ResourceWalk::visitPainter(QPDFObjectHandle painter) {
   if (entry(painter, "/Subtype").isNameAndEquals("/Image")) return visitImage(painter);
-  visitResources(entry(painter, "/Resources"));
+  QPDFObjectHandle resources = entry(painter, "/Resources");
+  visitResources(resources);
   visitColorSpace(entry(painter, "/ColorSpace"));
   visitColorSpace(entry(entry(painter, "/Shading"), "/ColorSpace"));
   const bool isShading = !entry(painter, "/ShadingType").isNull();
-  if (painter.isStream() && !isShading) visitContentStream(painter);
+  if (painter.isStream() && !isShading) visitContent(painter, resources);
 }
 
+// The data of JPEG 2000 may name the space in their place.
 void ResourceWalk::visitImage(QPDFObjectHandle image) {
-  visitColorSpace(entry(image, "/ColorSpace"));
+  QPDFObjectHandle space = entry(image, "/ColorSpace");
+  if (space.isNull() && !isMask(image)) facts_.usesProcess = true;
+  visitColorSpace(space);
 }
 
 void ResourceWalk::visitResources(QPDFObjectHandle resources) {
@@ -133,44 +164,51 @@ void ResourceWalk::noteColorant(QPDFObjectHandle name) {
 void ResourceWalk::visitColorSpace(QPDFObjectHandle space) {
   constexpr int kMostBases = 8;
   for (int i = 0; i < kMostBases; ++i) {
-    QPDFObjectHandle family = space;
-    if (space.isArray() && space.getArrayNItems() > 0) family = space.getArrayItem(0);
-    if (!family.isName()) return;
-    const std::string name = family.getName();
-    facts_.usesCmyk = facts_.usesCmyk || name == "/DeviceCMYK";
-    facts_.usesGray = facts_.usesGray || name == "/DeviceGray";
-    if (!space.isArray() || space.getArrayNItems() < 2) return;
-    QPDFObjectHandle second = space.getArrayItem(1);
-    if (name == "/Separation") return noteColorant(second);
-    if (name == "/DeviceN") {
-      return eachItem(second, [&](QPDFObjectHandle colorant) { noteColorant(colorant); });
-    }
-    if (name == "/ICCBased") {
-      facts_.usesCmyk = facts_.usesCmyk || integerOf(entry(second, "/N")) == 4;
-      return;
-    }
-    if (name != "/Indexed" && name != "/Pattern") return;
-    space = second;
+    const std::string family = familyOf(space);
+    QPDFObjectHandle parameter = parameterOf(space);
+    if (family != "/Indexed" && family != "/Pattern") return noteSpace(family, parameter);
+    space = parameter;
   }
 }
 
-void ResourceWalk::visitContent(QPDFObjectHandle content) {
-  if (content.isStream()) visitContentStream(content);
-  eachItem(content, [&](QPDFObjectHandle part) { visitContentStream(part); });
+// What is neither gray nor of named colorants is separated into process inks.
+void ResourceWalk::noteSpace(const std::string& family, QPDFObjectHandle parameter) {
+  if (family.empty()) return;
+  if (family == "/Separation") return noteColorant(parameter);
+  if (family == "/DeviceN") {
+    return eachItem(parameter, [&](QPDFObjectHandle colorant) { noteColorant(colorant); });
+  }
+  const bool isGray = family == "/DeviceGray" || family == "/CalGray" ||
+                      (family == "/ICCBased" && integerOf(entry(parameter, "/N")) == 1);
+  (isGray ? facts_.usesGray : facts_.usesProcess) = true;
 }
 
-void ResourceWalk::visitContentStream(QPDFObjectHandle stream) {
-  if (!stream.isStream() || (facts_.usesCmyk && facts_.usesGray)) return;
-  ContentColours colours;
+// Once there are process colours, content has nothing to add.
+void ResourceWalk::visitContent(QPDFObjectHandle content, QPDFObjectHandle resources) {
+  if (facts_.usesProcess) return;
   try {
-    const std::string content = decoded(stream, contentLeft_);
-    contentLeft_ -= content.size();
-    colours = coloursIn(content);
+    const ContentColours colours = coloursIn(textOf(content), masksAmong(resources));
+    facts_.usesProcess = colours.process;
+    facts_.usesGray = facts_.usesGray || colours.gray;
   } catch (const FileError&) {
-    colours = {true, true};
+    facts_.usesProcess = true;
   }
-  facts_.usesCmyk = facts_.usesCmyk || colours.cmyk;
-  facts_.usesGray = facts_.usesGray || colours.gray;
+}
+
+// The parts of content are one: a colour that is set in one holds in the next.
+std::string ResourceWalk::textOf(QPDFObjectHandle content) {
+  constexpr std::size_t kMost = std::size_t{1} << 28;  // at once in memory
+  std::string text;
+  const auto append = [&](QPDFObjectHandle part) {
+    if (!part.isStream()) return;
+    const std::string more =
+        decoded(part, std::min(contentLeft_, kMost - std::min(kMost, text.size())));
+    contentLeft_ -= more.size();
+    text += more + '\n';
+  };
+  append(content);
+  eachItem(content, append);
+  return text;
 }
 
 }  // namespace vxmeta

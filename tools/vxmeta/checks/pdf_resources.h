@@ -30,8 +30,9 @@ class ResourceWalk {
   void visitResources(QPDFObjectHandle resources);
   void visitFont(QPDFObjectHandle font);
   void visitColorSpace(QPDFObjectHandle space);
-  void visitContent(QPDFObjectHandle content);
-  void visitContentStream(QPDFObjectHandle stream);
+  void visitContent(QPDFObjectHandle content, QPDFObjectHandle resources);
+  std::string textOf(QPDFObjectHandle content);
+  void noteSpace(const std::string& family, QPDFObjectHandle parameter);
   void noteColorant(QPDFObjectHandle name);
 
   PdfFacts& facts_;

@@ -20,32 +20,21 @@ bool isWhole(const XMPlib& packet, bool asFilmInks) {
   return std::none_of(fields.begin(), fields.end(), isOfInks);
 }
 
-template <class Ink>
-std::vector<NamedInk> named(const std::vector<Ink>& inks, const char* list) {
-  std::vector<NamedInk> result;
-  for (std::size_t i = 0; i < inks.size(); ++i) {
-    result.push_back({inks[i].name, indexed(list, i), inks[i].attribute == "omask"});
-  }
-  return result;
-}
-
 }  // namespace
 
 std::string indexed(const char* list, std::size_t index) {
   return std::string(list) + '[' + std::to_string(index) + ']';
 }
 
-bool readInks(const XMPlib& packet, std::vector<NamedInk>& inks) {
+std::vector<XMPlInkBasic> readInks(const XMPlib& packet) {
   if (holdsFilmInks(packet)) {
     std::vector<XMPlInkDigFilm> films;
     packet.GetInksDigFilm(films);
-    inks = named(films, "film.inks");
-    return true;
+    return {films.begin(), films.end()};
   }
   std::vector<XMPlInk> documents;
-  const bool hasList = isRead([&] { return packet.GetInks(documents); });
-  inks = named(documents, "inks");
-  return hasList;
+  isRead([&] { return packet.GetInks(documents); });
+  return {documents.begin(), documents.end()};
 }
 
 bool holdsFilmInks(const XMPlib& packet) {

@@ -27,14 +27,8 @@ bool holdsFilmInks(const XMPlib& packet);
 // The list of inks under the name that it has then.
 const char* inksPath(const XMPlib& packet);
 
-struct NamedInk {
-  std::string name;
-  std::string path;  // "inks[2]"
-  bool isMask = false;
-};
-
-// The inks of that list; false: there is none.
-bool readInks(const XMPlib& packet, std::vector<NamedInk>& inks);
+// The inks of that list, as far as they are basic records.
+std::vector<XMPlInkBasic> readInks(const XMPlib& packet);
 
 std::string indexed(const char* list, std::size_t index);
 

@@ -1,12 +1,9 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "checks/standard_properties.h"
 
-#include "model/stored.h"
-
 namespace vxmeta {
 
-StandardPdfData standardPdfData(const XMPlib& packet) {
-  const StoredProperties stored = readStored(packet.GetXML());
+StandardPdfData standardPdfData(const StoredProperties& stored) {
   const auto textAt = [&](std::string_view name) {
     const std::string* text = textOf(stored.property(name));
     return text == nullptr ? std::string() : *text;

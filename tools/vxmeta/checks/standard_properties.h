@@ -2,9 +2,9 @@
 // Properties of standard schemas that the library writes and does not read.
 #pragma once
 
-#include <XMPlib.h>
-
 #include <string>
+
+#include "model/stored.h"
 
 namespace vxmeta {
 
@@ -15,6 +15,6 @@ struct StandardPdfData {
   std::string trapped;   // pdf:Trapped: "True", "False", "Unknown"
 };
 
-StandardPdfData standardPdfData(const XMPlib& packet);
+StandardPdfData standardPdfData(const StoredProperties& stored);
 
 }  // namespace vxmeta
