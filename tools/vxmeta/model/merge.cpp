@@ -29,35 +29,48 @@ std::string messageOf(const XMP_Error& error) {
   return error.GetErrMsg() == nullptr ? "XMP error" : error.GetErrMsg();
 }
 
-Document loaded(const MergeSource& source, XMPlib& xmp) {
+struct Loaded {
+  const MergeSource* source = nullptr;
+  XMPlib xmp;
+  Document document;
+};
+
+void load(const MergeSource& source, Loaded& loaded) {
   try {
-    loadPacket(source.packet, xmp);
-    return readDocument(xmp, {});
+    loaded.source = &source;
+    loadPacket(source.packet, loaded.xmp);
+    loaded.document = readDocument(loaded.xmp, {});
   } catch (const std::exception& error) {
     throw MergeError(source.name, error.what());
   }
 }
 
-// --- Resources
-// ------------------------------------------------------------------------------------
+std::vector<Loaded> loadAll(const std::vector<MergeSource>& sources) {
+  std::vector<Loaded> all(sources.size());
+  for (std::size_t i = 0; i < sources.size(); ++i) load(sources[i], all[i]);
+  return all;
+}
+
+// --- Resources -----------------------------------------------------------------------------------
 
 // Of a source: what its lists hold and no Get reads is not merged.
-void noteUnread(const MergeSource& source, const Document& document, Merging& merging) {
-  for (const UnreadPart& part : document.unread) {
+void noteUnread(const Loaded& loaded, Merging& merging) {
+  const std::string& name = loaded.source->name;
+  for (const UnreadPart& part : loaded.document.unread) {
     const bool isMerged =
         std::find(kResources.begin(), kResources.end(), part.list) != kResources.end();
     if (!isMerged || !part.stored) continue;
     merging.notes.push_back(
-        fmt::format("{}: {} of {} items of {} cannot be read, and are not merged", source.name,
+        fmt::format("{}: {} of {} items of {} cannot be read, and are not merged", name,
                     *part.stored - part.read.value_or(0), *part.stored, part.list));
   }
-  if (document.film && document.film->inks) {
+  if (loaded.document.film && loaded.document.film->inks) {
     merging.notes.push_back(
-        source.name + ": its inks are those of a digital film, and are merged by --films alone");
+        name + ": its inks are those of a digital film, and are merged by --films alone");
   }
 }
 
-void mergeResources(const MergeSource& source, XMPlib& xmp) {
+void mergeResourcesOf(const MergeSource& source, XMPlib& xmp) {
   try {
     xmp.MergeXML(source.packet, true);
   } catch (const std::logic_error& error) {
@@ -67,8 +80,14 @@ void mergeResources(const MergeSource& source, XMPlib& xmp) {
   if (!xmp.ErrStr().empty()) throw MergeError(source.name, xmp.ErrStr());
 }
 
-// --- Films
-// ----------------------------------------------------------------------------------------
+void mergeResources(const std::vector<Loaded>& all, Merging& merging, XMPlib& xmp) {
+  for (const Loaded& loaded : all) {
+    noteUnread(loaded, merging);
+    mergeResourcesOf(*loaded.source, xmp);
+  }
+}
+
+// --- Films ---------------------------------------------------------------------------------------
 
 template <auto kGet, class Value>
 bool has(const XMPlib& xmp) {
@@ -114,10 +133,7 @@ std::size_t inksIn(const Document& document) {
   return document.film && document.film->inks ? document.film->inks->size() : 0;
 }
 
-void mergeFilms(const MergeSource& target, const std::vector<MergeSource>& sources, FilmMerge how,
-                XMPlib& xmp) {
-  Names packets = {target.packet};
-  for (const MergeSource& source : sources) packets.push_back(source.packet);
+void mergePackets(const MergeSource& target, const Names& packets, FilmMerge how, XMPlib& xmp) {
   try {
     xmp.MergeXML(packets, how == FilmMerge::separations ? 0 : 1, true);
   } catch (const XMP_Error& error) {
@@ -128,14 +144,30 @@ void mergeFilms(const MergeSource& target, const std::vector<MergeSource>& sourc
   if (!xmp.ErrStr().empty()) throw MergeError(target.name, xmp.ErrStr());
 }
 
-// --- All
-// ------------------------------------------------------------------------------------------
+void mergeFilms(const MergeSource& target, const std::vector<Loaded>& all, FilmMerge how,
+                XMPlib& xmp) {
+  requireFilm(target, xmp, true);
+  Names packets = {target.packet};
+  std::size_t inks = inksIn(readDocument(xmp, {}));
+  for (const Loaded& loaded : all) {
+    requireFilm(*loaded.source, loaded.xmp, false);
+    packets.push_back(loaded.source->packet);
+    inks += inksIn(loaded.document);
+  }
+  mergePackets(target, packets, how, xmp);
+  if (inksIn(readDocument(xmp, {})) == inks) return;
+  throw MergeError(target.name, "the films cannot be merged: their inks cannot be written");
+}
 
-void mergeForeign(const MergeSource& source, const XMPlib& from, XMPlib& xmp) {
-  try {
-    xmp.MergeNonOrvo(&from);
-  } catch (const XMP_Error& error) {
-    throw MergeError(source.name, messageOf(error));
+// --- All -----------------------------------------------------------------------------------------
+
+void mergeForeign(const std::vector<Loaded>& all, XMPlib& xmp) {
+  for (const Loaded& loaded : all) {
+    try {
+      xmp.MergeNonOrvo(&loaded.xmp);
+    } catch (const XMP_Error& error) {
+      throw MergeError(loaded.source->name, messageOf(error));
+    }
   }
 }
 
@@ -157,58 +189,56 @@ std::vector<Loss> lossesOf(const Document& before, const Document& after, const 
   return losses;
 }
 
+// What is gone from the stored properties beside the losses that are known.
+void addLostNodes(const std::string& before, const XMPlib& xmp, std::vector<Loss>& losses) {
+  std::vector<std::string_view> known = kRewritten;
+  for (const Loss& loss : losses) known.push_back(loss.path);
+  const std::vector<Loss> gone = lostNodes(readStored(before), readStored(xmp.GetXML()), known);
+  losses.insert(losses.end(), gone.begin(), gone.end());
+}
+
 bool hasCoverage(const Document& document) {
   return document.inks && std::any_of(document.inks->begin(), document.inks->end(),
                                       [](const XMPlInk& ink) { return ink.coverageValid; });
 }
 
-void noteForeign(const Document& before, const Document& after, Merging& merging) {
-  const auto countOf = [](const Document& document) {
-    std::int32_t count = 0;
-    for (const ForeignSchema& schema : document.foreign) count += schema.properties;
-    return count;
-  };
-  const std::int32_t added = countOf(after) - countOf(before);
-  if (added > 0)
-    merging.notes.push_back(fmt::format("{} properties of other schemas added", added));
+void noteCoverage(const Document& before, Merging& merging) {
+  if (!hasCoverage(before) || hasCoverage(merging.result)) return;
+  merging.notes.emplace_back("coverage of all inks dropped: it was measured for another set");
+}
+
+std::int32_t foreignIn(const Document& document) {
+  std::int32_t count = 0;
+  for (const ForeignSchema& schema : document.foreign) count += schema.properties;
+  return count;
+}
+
+void noteForeign(const Document& before, Merging& merging) {
+  const std::int32_t added = foreignIn(merging.result) - foreignIn(before);
+  if (added <= 0) return;
+  merging.notes.push_back(fmt::format("{} properties of other schemas added", added));
 }
 
 }  // namespace
 
 Merging merge(const MergeSource& target, const std::vector<MergeSource>& sources,
               const MergeWishes& wishes, XMPlib& xmp) {
-  Merging merging;
   const Document before = readDocument(xmp, {});
   const std::string xml = xmp.GetXML();
-  const StoredProperties stored = readStored(xml);
-  if (wishes.films) requireFilm(target, xmp, true);
-  std::vector<XMPlib> handles(sources.size());
-  std::size_t inks = inksIn(before);
-  for (std::size_t i = 0; i < sources.size(); ++i) {
-    const Document document = loaded(sources[i], handles[i]);
-    inks += inksIn(document);
-    if (wishes.films) requireFilm(sources[i], handles[i], false);
-    if (!wishes.films) noteUnread(sources[i], document, merging);
+  const std::vector<Loaded> all = loadAll(sources);
+  Merging merging;
+  if (wishes.films) {
+    mergeFilms(target, all, *wishes.films, xmp);
+  } else {
+    mergeResources(all, merging, xmp);
   }
-  if (wishes.films) mergeFilms(target, sources, *wishes.films, xmp);
-  for (std::size_t i = 0; i < sources.size(); ++i) {
-    if (!wishes.films) mergeResources(sources[i], xmp);
-    if (wishes.isForeign) mergeForeign(sources[i], handles[i], xmp);
-  }
+  if (wishes.isForeign) mergeForeign(all, xmp);
   merging.result = readDocument(xmp, {});
-  if (wishes.films && inksIn(merging.result) != inks) {
-    throw MergeError(target.name, "the films cannot be merged: their inks cannot be written");
-  }
   merging.isChanged = xmp.GetXML() != xml;
   merging.losses = lossesOf(before, merging.result, xmp, wishes.films.has_value());
-  std::vector<std::string_view> known = kRewritten;
-  for (const Loss& loss : merging.losses) known.push_back(loss.path);
-  const std::vector<Loss> gone = lostNodes(stored, readStored(xmp.GetXML()), known);
-  merging.losses.insert(merging.losses.end(), gone.begin(), gone.end());
-  if (hasCoverage(before) && !hasCoverage(merging.result)) {
-    merging.notes.emplace_back("coverage of all inks dropped: it was measured for another set");
-  }
-  noteForeign(before, merging.result, merging);
+  addLostNodes(xml, xmp, merging.losses);
+  noteCoverage(before, merging);
+  noteForeign(before, merging);
   return merging;
 }
 
