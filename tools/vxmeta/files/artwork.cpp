@@ -8,6 +8,7 @@
 #include <string_view>
 
 #include "files/exempi_call.h"
+#include "files/scan.h"
 
 namespace vxmeta {
 namespace {
@@ -54,13 +55,18 @@ bool isCutOff(std::string_view packet) {
   return next != std::string_view::npos && (packet[next] == '=' || packet[next] == '>');
 }
 
+// exempi makes a packet of an EPS that has none, out of its comments.
+bool isMadeUp(const InputFile& file, const FileKind& kind) {
+  return std::string_view(kind.name) == "EPS" && scanForPackets(file).empty();
+}
+
 }  // namespace
 
 FilePacket readArtwork(const InputFile& file, const FileKind& kind) {
   FilePacket packet;
   packet.text = rawPacket(file, kind);
   packet.source = kind.name;
-  if (packet.text.empty()) {
+  if (packet.text.empty() || isMadeUp(file, kind)) {
     throw NoPacketError(std::string("no metadata packet is found in this ") + kind.name +
                         " file: it has none, or is truncated");
   }
