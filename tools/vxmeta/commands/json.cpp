@@ -6,6 +6,7 @@
 
 #include "commands/inputs.h"
 #include "model/json.h"
+#include "model/known_paths.h"
 #include "model/schema.h"
 
 namespace vxmeta {
@@ -36,6 +37,25 @@ Outcome printed(const std::string& file, const Options& options) {
   return outcome;
 }
 
+struct SchemaOptions {
+  bool arePaths = false;
+  std::optional<std::string> begun;
+};
+
+std::string asLines(const std::vector<KnownPath>& paths) {
+  std::string lines;
+  for (const KnownPath& known : paths) {
+    lines += fmt::format("{}\t{}\n", known.path, known.help);
+  }
+  return lines;
+}
+
+std::string schema(const SchemaOptions& options) {
+  const Type& document = typeOf<Document>();
+  if (options.begun) return asLines(completions(*options.begun, document));
+  return options.arePaths ? asLines(knownPaths(document)) : jsonText(documentSchema(), true) + '\n';
+}
+
 }  // namespace
 
 void addJson(CLI::App& app, Run& run) {
@@ -59,13 +79,21 @@ void addJson(CLI::App& app, Run& run) {
 }
 
 void addSchema(CLI::App& app, Run&) {
+  const auto options = std::make_shared<SchemaOptions>();
   CLI::App* command =
       app.add_subcommand("schema", "Print the JSON Schema (2020-12) of what json prints");
+  command->add_flag("--paths", options->arePaths,
+                    "Print all paths instead, and behind a tab what stands there");
+  command
+      ->add_option("--complete", options->begun,
+                   "Print what the beginning of a path can become (for the shells)")
+      ->type_name("PATH");
   command->footer(
       "Example: vxmeta schema > vxmeta.schema.json\n"
       "         vxmeta json carton.pdf > carton.json\n"
-      "         jsonschema -i carton.json vxmeta.schema.json");
-  command->callback([] { fmt::print("{}\n", jsonText(documentSchema(), true)); });
+      "         jsonschema -i carton.json vxmeta.schema.json\n"
+      "         vxmeta schema --paths | grep angle");
+  command->callback([options] { fmt::print("{}", schema(*options)); });
 }
 
 }  // namespace vxmeta

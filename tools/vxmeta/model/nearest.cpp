@@ -4,6 +4,7 @@
 #include <numeric>
 #include <utility>
 
+#include "model/known_paths.h"
 #include "model/place.h"
 
 namespace vxmeta {
@@ -22,16 +23,6 @@ std::size_t editDistance(std::string_view a, std::string_view b) {
     }
   }
   return row.back();
-}
-
-void addPaths(const Type& type, const std::string& path, std::vector<std::string>& paths) {
-  if (type.item != nullptr) return addPaths(*type.item, path, paths);
-  for (const Field& field : type.fields) {
-    if (!field.isStored) continue;
-    const std::string below = (path.empty() ? "" : path + ".") + std::string(field.name);
-    paths.push_back(below);
-    addPaths(*field.type, below, paths);
-  }
 }
 
 // "inks[name=a.b].angle" is "inks.angle"; in small letters.
@@ -57,18 +48,13 @@ std::size_t distance(std::string_view wanted, std::string_view known) {
 
 }  // namespace
 
-std::vector<std::string> pathsOf(const Type& root) {
-  std::vector<std::string> paths;
-  addPaths(root, "", paths);
-  return paths;
-}
-
 std::vector<std::string> nearestPaths(std::string_view text, const Type& root) {
   constexpr std::size_t kLongest = 80;
   constexpr std::size_t kMost = 3;
   const std::string wanted = withoutItems(text.substr(0, kLongest));
   std::vector<std::pair<std::size_t, std::string>> ranked;
-  for (const std::string& path : pathsOf(root)) {
+  for (const KnownPath& known : knownPaths(root)) {
+    const std::string& path = known.path;
     const std::size_t far = distance(wanted, withoutItems(path));
     if (far <= std::max<std::size_t>(2, 1 + lastStep(wanted).size() / 4))
       ranked.emplace_back(far, path);

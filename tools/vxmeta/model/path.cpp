@@ -40,6 +40,8 @@ class Parser {
     return path;
   }
 
+  const Type& type() const { return *type_; }  // of what the path leads to
+
  private:
   Step nextStep() {
     const char sign = text_[at_++];
@@ -160,6 +162,12 @@ std::optional<View> partOf(const View& value, const Step& step) {
 }  // namespace
 
 Path parsePath(std::string_view text, const Type& root) { return Parser(text, root).parse(); }
+
+const Type& typeOfPath(std::string_view text, const Type& root) {
+  Parser parser(text, root);
+  parser.parse();
+  return parser.type();
+}
 
 std::optional<View> valueAt(const View& root, const Path& path) {
   View value = root;

@@ -31,6 +31,9 @@ using Path = std::vector<Step>;
 // Throws PathError when the text is no path, or values of the type have no such part.
 Path parsePath(std::string_view text, const Type& root);
 
+// What a value at the path is, without optional. Throws PathError as parsePath.
+const Type& typeOfPath(std::string_view text, const Type& root);
+
 // The value at the path. Empty when it is absent: nothing stored, no such item, no item matches.
 std::optional<View> valueAt(const View& root, const Path& path);
 

@@ -26,11 +26,8 @@ Place placeOf(Value& value) {
 // Throws PathError for an item that is not there, and for a field=value that several items have.
 Place placeAt(const Place& root, const Path& path);
 
-// Every path of fields of the type, without items: "inks.angle".
-std::vector<std::string> pathsOf(const Type& root);
-
-// The paths that are most like the text, best first: "job.orderid" for "job.ordrid" and "orderid".
-// None when no path is much like it.
+// The paths that are most like the text, best first: "job.orderid" for "job.ordrid" and "orderid";
+// items stand as in knownPaths. None when no path is much like it.
 std::vector<std::string> nearestPaths(std::string_view text, const Type& root);
 
 }  // namespace vxmeta
