@@ -171,7 +171,7 @@ TEST(EmbedIntoPdf, ASpliceChangesThePacketsBytesAlone) {
   const std::string before = document().text();
   const std::string file = scratchFile("splice.pdf", before);
   const Outcome outcome = embed(file);
-  EXPECT_NE(outcome.err.find("spliced"), std::string::npos) << outcome.err;
+  EXPECT_NE(outcome.out.find("spliced"), std::string::npos) << outcome.out;
   const std::size_t at = before.find("<?xpacket");
   const std::string after = contentOf(file);
   EXPECT_EQ(after, before.substr(0, at) + extracted(file) + before.substr(at + kOld.size()));
@@ -195,6 +195,23 @@ TEST(EmbedIntoPdf, AnUpdateLeavesTheOldBytesInFront) {
     EXPECT_EQ(extracted(file), kNew);
     EXPECT_TRUE(isWhole(file));
   }
+}
+
+TEST(EmbedIntoPdf, ALargeOneTakesAnUpdateUnlessAskedOtherwise) {
+  Pdf pdf = document();
+  pdf.objects = {stream("", std::string(std::size_t{65} << 20, '\n'))};
+  const std::string before = pdf.text();
+  const std::string file = scratchFile("large.pdf", before);
+  const std::string longer = packetOf("<own:a>" + std::string(999, 'x') + "</own:a>");
+  const Outcome outcome = embed(file, "", longer);
+  EXPECT_NE(outcome.out.find("appended an update"), std::string::npos) << outcome.err;
+  EXPECT_TRUE(contentOf(file).starts_with(before));
+  EXPECT_LT(fs::file_size(file), before.size() + 4000);
+  EXPECT_EQ(extracted(file), longer);
+  EXPECT_EQ(embed(file, "--how rewrite", kOld).code, 0);
+  EXPECT_EQ(extracted(file), kOld);
+  EXPECT_TRUE(isWhole(file));
+  fs::remove(file);
 }
 
 TEST(EmbedIntoPdf, ARewriteDoesNotGrow) {

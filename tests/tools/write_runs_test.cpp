@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <filesystem>
 
+#include "support/pdf.h"
 #include "support/program.h"
 
 namespace {
@@ -66,7 +67,7 @@ TEST(Set, RefusesAndWritesNothing) {
   const std::pair<const char*, const char*> cases[] = {
       {"job.ordrid=1", "no field 'ordrid'; did you mean job.orderid? there are: "},
       {"orderid=1", "did you mean job.orderid?"},
-      {"ink[0].angle=1", "did you mean inks.angle"},
+      {"ink[0].angle=1", "did you mean inks[].angle"},
       {"job.orderid", "expected PATH=VALUE"},
       {"inks[99].angle=1", "inks[99].angle: there is no item [99]"},
       {"inks[name=none].angle=1", "there is no item [name=none]"},
@@ -101,8 +102,7 @@ TEST(Set, ChoosesNoItemByChance) {
   EXPECT_NE(outcome.err.find("2 items are [name=a]: choose by index, [0]"), std::string::npos);
 }
 
-// --- Where it goes
-// --------------------------------------------------------------------------------
+// --- Where it goes -------------------------------------------------------------------------------
 
 TEST(Outputs, DryRunPrintsTheDifferenceAndWritesNothing) {
   const std::string file = copyOf(kCarton, "dry.xmp");
@@ -126,6 +126,28 @@ TEST(Outputs, TakeAPipe) {
   EXPECT_EQ(runTool("apply - -").code, 2);
 }
 
+TEST(Outputs, AFirstPacketIsStartedOnDemandAlone) {
+  const std::string gif("GIF89a\1\0\1\0\0\0\0,\0\0\0\0\1\0\1\0\0\2\2D\1\0;", 29);
+  const std::string eps =
+      "%!PS-Adobe-3.0 EPSF-3.0\n%%BoundingBox: 0 0 9 9\n%%Creator: somebody\n%%EndComments\n"
+      "0 0 9 9 rectfill\n%%EOF\n";
+  for (const std::string& bare : {Pdf().text(), gif, eps}) {
+    const std::string file = scratchFile("bare", bare);
+    const Outcome refused = runTool("set " + file + " job.orderid=1");
+    EXPECT_EQ(refused.code, 2);
+    EXPECT_NE(refused.err.find("--new starts one"), std::string::npos) << refused.err;
+    EXPECT_EQ(contentOf(file), bare);
+    const Outcome outcome = runTool("set --new " + file + " job.orderid=1");
+    EXPECT_EQ(outcome.code, 0) << outcome.err;
+    EXPECT_EQ(got(file, "job.orderid"), "1\n");
+    EXPECT_EQ(runTool("merge --new --dry-run " + scratchFile("bare", bare) + " " + kCarton).code,
+              0);
+    EXPECT_EQ(contentOf(file), bare);
+    EXPECT_EQ(runTool("apply --new " + file + " -", "{}").code, 0);
+    EXPECT_NE(runTool("extract " + file).out.find("<rdf:RDF"), std::string::npos);
+  }
+}
+
 TEST(Outputs, StampWhatIsChanged) {
   const std::string file = copyOf(kCarton, "stamp.xmp");
   const std::string date = got(file, "document.metadataDate");
@@ -136,8 +158,7 @@ TEST(Outputs, StampWhatIsChanged) {
   EXPECT_NE(got(file, "document.metadataDate"), date);
 }
 
-// --- Nothing is lost unawares
-// ---------------------------------------------------------------------
+// --- Nothing is lost unawares --------------------------------------------------------------------
 
 const char* const kLayers =
     "<vxLayL:layers><rdf:Seq><rdf:li vxLay:name='a' vxLay:printable='True' vxLay:locked='True' "
@@ -191,17 +212,16 @@ TEST(Losses, AreNoneWhereOthersAreWritten) {
   EXPECT_NE(after.find("<vxLay:name>c</vxLay:name>"), std::string::npos);
 }
 
-// --- apply
-// ----------------------------------------------------------------------------------------
+// --- apply ---------------------------------------------------------------------------------------
 
 TEST(Apply, OfItsOwnJsonChangesNoByteOfAnyFile) {
   int files = 0;
   for (const auto& entry : std::filesystem::directory_iterator(VXMETA_SAMPLES)) {
     const std::string file = copyOf(entry.path(), entry.path().filename());
-    const Outcome json = runTool("json --scan " + file);
+    const Outcome json = runTool("json " + file);
     if (json.code != 0) continue;
     ++files;
-    const Outcome outcome = runTool("apply --scan " + file + " -", json.out);
+    const Outcome outcome = runTool("apply " + file + " -", json.out);
     EXPECT_EQ(outcome.code, 0) << outcome.err;
     EXPECT_EQ(outcome.err, "");
     EXPECT_EQ(contentOf(file), contentOf(entry.path())) << file;
@@ -227,8 +247,7 @@ TEST(Apply, NamesTheLineOfWhatItRefuses) {
   EXPECT_EQ(contentOf(file), contentOf(kCarton));
 }
 
-// --- merge
-// ----------------------------------------------------------------------------------------
+// --- merge ---------------------------------------------------------------------------------------
 
 std::string layer(const std::string& name) {
   return "<vxLayL:layers><rdf:Seq><rdf:li vxLay:name='" + name +

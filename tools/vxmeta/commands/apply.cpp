@@ -48,7 +48,7 @@ void write(Target& target, const std::string& text, const Options& options, Outc
 void applied(const std::string& text, const Options& options, Outcome& outcome) {
   try {
     Target target;
-    loadTarget(options.file, options.inputs, target, outcome);
+    loadTarget(options.file, options.inputs, options.outputs, target, outcome);
     write(target, text, options, outcome);
   } catch (const JsonTextError& error) {
     fail(outcome, options.json, error.what());
@@ -83,9 +83,8 @@ void addApply(CLI::App& app, Run& run) {
   command->add_option("FILE", options->file, "The file to change; - is standard input")->required();
   command->add_option("JSON", options->json, "JSON as json prints it; - is standard input")
       ->required();
-  addWriteOptions(*command, options->outputs);
-  addStampOption(*command, options->outputs);
-  addReadOptions(*command, options->inputs);
+  addEditOptions(*command, options->outputs);
+  addPasswordOption(*command, options->inputs);
   command->footer(
       "Sections and fields that the JSON lacks stay as they are; [] empties a list, null deletes "
       "what can be deleted. file, packet, foreign and unread are passed over. Only what differs is "

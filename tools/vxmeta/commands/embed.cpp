@@ -53,11 +53,7 @@ void showDifference(const Options& options, const std::string& packet, Outcome& 
 void write(const Options& options, const std::string& packet, Outcome& outcome) {
   WriteOptions chosen = options.outputs.options;
   chosen.read = options.inputs.options;
-  const Written written = writePacketText(options.file, packet, chosen);
-  outcome.messages += messageLine(options.file, written.how);
-  for (const std::string& note : written.notes) {
-    outcome.messages += messageLine(options.file, "warning: " + note);
-  }
+  say(writePacketText(options.file, packet, chosen), options.file, options.outputs, outcome);
 }
 
 Outcome embedded(const Options& options) {
@@ -87,8 +83,8 @@ void addEmbed(CLI::App& app, Run& run) {
   CLI::App* command = app.add_subcommand("embed", "Put a packet into a file");
   command->add_option("FILE", options->file, "The document; - is standard input")->required();
   command->add_option("PACKET", options->packet, "The packet; - is standard input")->required();
-  addReadOptions(*command, options->inputs);
   addWriteOptions(*command, options->outputs);
+  addPasswordOption(*command, options->inputs);
   command->footer(
       "The packet goes in as it is; where it is spliced, with more or less padding. The new file "
       "is read again and compared before it takes the old one's place; else nothing changes.\n"

@@ -97,13 +97,21 @@ int inParallel(const std::vector<std::string>& files, std::size_t jobs,
 
 }  // namespace
 
-void addReadOptions(CLI::App& command, Inputs& inputs) {
+void addPasswordOption(CLI::App& command, Inputs& inputs) {
   command
       .add_option("--password-file", inputs.passwordFile,
                   "File with the password of encrypted PDFs (or set VXMETA_PASSWORD)")
       ->type_name("FILE");
+}
+
+void addScanOption(CLI::App& command, Inputs& inputs) {
   command.add_flag("--scan", inputs.options.scan,
                    "Look for a packet in the bytes of files of unknown kinds");
+}
+
+void addReadOptions(CLI::App& command, Inputs& inputs) {
+  addPasswordOption(command, inputs);
+  addScanOption(command, inputs);
   command
       .add_option("--object", inputs.options.object,
                   "Take the packet of this object of a PDF, or the N-th of a scan")

@@ -14,14 +14,16 @@
 
 namespace vxmeta {
 
-// The options of every command that reads files.
+// The options of commands that read files.
 struct Inputs {
   ReadOptions options;
   std::string passwordFile;
   int jobs = 1;
 };
 
-void addReadOptions(CLI::App& command, Inputs& inputs);
+void addPasswordOption(CLI::App& command, Inputs& inputs);
+void addScanOption(CLI::App& command, Inputs& inputs);
+void addReadOptions(CLI::App& command, Inputs& inputs);  // all, of those that write nothing
 void addJobsOption(CLI::App& command, Inputs& inputs);
 
 // What became of one file.

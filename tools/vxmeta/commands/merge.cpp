@@ -18,12 +18,10 @@ struct Options {
 
 // Those that cannot be read are all named before the merge is given up.
 std::vector<MergeSource> readSources(const Options& options, Outcome& outcome) {
-  Inputs inputs = options.inputs;
-  inputs.options.object.reset();
   std::vector<MergeSource> sources;
   for (const std::string& name : options.sources) {
     try {
-      sources.push_back({name, read(name, InputFile(name), inputs, outcome).text});
+      sources.push_back({name, read(name, InputFile(name), options.inputs, outcome).text});
     } catch (const std::exception& error) {
       fail(outcome, name, error.what());
     }
@@ -36,7 +34,7 @@ void summarise(const Target& target, const Merging& merging, const Outputs& outp
                Outcome& outcome) {
   addNotes(target.name, merging.notes, outcome);
   const std::string text = changesText(target.document, merging.result);
-  (isToStdout(target, outputs) && !outputs.isDryRun ? outcome.messages : outcome.out) += text;
+  (isToStdout(target.name, outputs) && !outputs.isDryRun ? outcome.messages : outcome.out) += text;
 }
 
 void write(Target& target, const Merging& merging, const Options& options, Outcome& outcome) {
@@ -51,7 +49,7 @@ void write(Target& target, const Merging& merging, const Options& options, Outco
 
 void merged(const Options& options, Outcome& outcome) {
   Target target;
-  loadTarget(options.target, options.inputs, target, outcome);
+  loadTarget(options.target, options.inputs, options.outputs, target, outcome);
   const std::vector<MergeSource> sources = readSources(options, outcome);
   if (outcome.exitCode != kDone) return;
   const MergeSource first{options.target, target.packet.text};
@@ -97,9 +95,9 @@ void addMerge(CLI::App& app, Run& run) {
       ->transform(CLI::CheckedTransformer(kWays, CLI::ignore_case));
   command->add_flag("--foreign", options->wishes.isForeign,
                     "Copy properties of other schemas too, where TARGET has none");
-  addWriteOptions(*command, options->outputs);
-  addStampOption(*command, options->outputs);
-  addReadOptions(*command, options->inputs);
+  addEditOptions(*command, options->outputs);
+  addPasswordOption(*command, options->inputs);
+  addScanOption(*command, options->inputs);
   command->footer(
       "Inks, external references, fonts, CAD files, barcodes and layers that TARGET has not yet "
       "are "

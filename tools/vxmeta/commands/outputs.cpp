@@ -8,9 +8,9 @@
 namespace vxmeta {
 namespace {
 
-std::string outOf(const Target& target, const Outputs& outputs) {
+std::string outOf(const std::string& file, const Outputs& outputs) {
   const std::string& out = outputs.options.out;
-  return out.empty() && target.name == "-" ? "-" : out;
+  return out.empty() && file == "-" ? "-" : out;
 }
 
 // Standard input has been read: the file that it was is opened again.
@@ -21,15 +21,13 @@ std::string pathOf(const Target& target) {
 WriteOptions optionsFor(const Target& target, const Inputs& inputs, const Outputs& outputs) {
   WriteOptions options = outputs.options;
   options.read = inputs.options;
-  options.out = outOf(target, outputs);
+  options.out = outOf(target.name, outputs);
   return options;
 }
 
-void say(const Written& written, const Target& target, const Outputs& outputs, Outcome& outcome) {
-  addNotes(target.name, written.notes, outcome);
-  if (isToStdout(target, outputs)) return;
-  const std::string& name = outputs.options.out.empty() ? target.name : outputs.options.out;
-  outcome.out += fmt::format("{}: {}\n", visible(name), visible(written.how));
+[[noreturn]] void throwNoPacket(const NoPacketError& error) {
+  throw FileError(std::string(error.what()) +
+                  "; --new starts one, `vxmeta embed FILE PACKET` puts one in");
 }
 
 void stamp(XMPlib& xmp) {
@@ -57,15 +55,23 @@ void addWriteOptions(CLI::App& command, Outputs& outputs) {
       ->transform(CLI::CheckedTransformer(kWays, CLI::ignore_case).description(""));
 }
 
-void addStampOption(CLI::App& command, Outputs& outputs) {
+void addEditOptions(CLI::App& command, Outputs& outputs) {
+  addWriteOptions(command, outputs);
+  command.add_flag("--new", outputs.isNew, "Start a packet in a file that has none");
   command.add_flag("--stamp", outputs.isStamped, "Set xmp:MetadataDate, when anything changes");
 }
 
-void loadTarget(const std::string& name, const Inputs& inputs, Target& target, Outcome& outcome) {
+void loadTarget(const std::string& name, const Inputs& inputs, const Outputs& outputs,
+                Target& target, Outcome& outcome) {
   target.name = name;
   target.file = std::make_unique<InputFile>(name);
-  target.packet = read(name, *target.file, inputs, outcome);
-  loadPacket(target.packet.text, target.xmp);
+  try {
+    target.packet = read(name, *target.file, inputs, outcome);
+    loadPacket(target.packet.text, target.xmp);
+  } catch (const NoPacketError& error) {
+    if (!outputs.isNew) throwNoPacket(error);
+    target.hasPacket = false;
+  }
   target.document = readDocument(target.xmp, {});
 }
 
@@ -82,8 +88,16 @@ std::string lossMessage(const std::string& losses) {
       "writing this would delete {}; nothing is written, --force writes all the same", losses);
 }
 
-bool isToStdout(const Target& target, const Outputs& outputs) {
-  return outOf(target, outputs) == "-";
+bool isToStdout(const std::string& file, const Outputs& outputs) {
+  return outOf(file, outputs) == "-";
+}
+
+void say(const Written& written, const std::string& file, const Outputs& outputs,
+         Outcome& outcome) {
+  addNotes(file, written.notes, outcome);
+  if (isToStdout(file, outputs)) return;
+  const std::string& name = outputs.options.out.empty() ? file : outputs.options.out;
+  outcome.out += fmt::format("{}: {}\n", visible(name), visible(written.how));
 }
 
 void writeEdit(const Edit& edit, Target& target, const Inputs& inputs, const Outputs& outputs,
@@ -99,20 +113,20 @@ void writeEdit(const Edit& edit, Target& target, const Inputs& inputs, const Out
   }
 }
 
-void copyTarget(const Target& target, const Inputs& inputs, const Outputs& outputs,
-                Outcome& outcome) {
+void copyTarget(Target& target, const Inputs& inputs, const Outputs& outputs, Outcome& outcome) {
+  if (!target.hasPacket) return writeTarget(target, inputs, outputs, outcome);
   const WriteOptions options = optionsFor(target, inputs, outputs);
   if (options.out.empty()) {
     outcome.out += fmt::format("{}: nothing to change\n", visible(target.name));
     return;
   }
-  say(writePacketText(pathOf(target), target.packet.text, options), target, outputs, outcome);
+  say(writePacketText(pathOf(target), target.packet.text, options), target.name, outputs, outcome);
 }
 
 void writeTarget(Target& target, const Inputs& inputs, const Outputs& outputs, Outcome& outcome) {
   if (outputs.isStamped) stamp(target.xmp);
   const WriteOptions options = optionsFor(target, inputs, outputs);
-  say(writePacket(pathOf(target), target.xmp, options), target, outputs, outcome);
+  say(writePacket(pathOf(target), target.xmp, options), target.name, outputs, outcome);
 }
 
 }  // namespace vxmeta

@@ -20,10 +20,11 @@ struct Outputs {
   WriteOptions options;
   bool isDryRun = false;
   bool isStamped = false;
+  bool isNew = false;  // a file without a packet gets its first one
 };
 
 void addWriteOptions(CLI::App& command, Outputs& outputs);
-void addStampOption(CLI::App& command, Outputs& outputs);  // of those that edit
+void addEditOptions(CLI::App& command, Outputs& outputs);  // of those that change a packet
 
 // A file that is opened to be changed.
 struct Target {
@@ -32,10 +33,12 @@ struct Target {
   FilePacket packet;
   XMPlib xmp;
   Document document;
+  bool hasPacket = true;
 };
 
 // Warnings go to the outcome. Throws FileError.
-void loadTarget(const std::string& name, const Inputs& inputs, Target& target, Outcome& outcome);
+void loadTarget(const std::string& name, const Inputs& inputs, const Outputs& outputs,
+                Target& target, Outcome& outcome);
 
 // Adds notes to the messages, a line each.
 void addNotes(const std::string& file, const std::vector<std::string>& notes, Outcome& outcome);
@@ -50,14 +53,17 @@ void writeEdit(const Edit& edit, Target& target, const Inputs& inputs, const Out
 // Stamps the handle, when asked to, and writes it to where the options say. Throws FileError.
 void writeTarget(Target& target, const Inputs& inputs, const Outputs& outputs, Outcome& outcome);
 
-// Writes the file as it was read, where it goes to another place. Throws FileError.
-void copyTarget(const Target& target, const Inputs& inputs, const Outputs& outputs,
-                Outcome& outcome);
+// Where nothing has changed: writes the file as it was read, if it goes to another place, or with
+// its first packet, which is empty. Throws FileError.
+void copyTarget(Target& target, const Inputs& inputs, const Outputs& outputs, Outcome& outcome);
 
 // Of what a command would lose.
 std::string lossMessage(const std::string& losses);
 
 // Whether standard output takes the file.
-bool isToStdout(const Target& target, const Outputs& outputs);
+bool isToStdout(const std::string& file, const Outputs& outputs);
+
+// Says what was done with the file: on standard output, unless that takes it.
+void say(const Written& written, const std::string& file, const Outputs& outputs, Outcome& outcome);
 
 }  // namespace vxmeta

@@ -15,7 +15,7 @@ struct Options {
 
 void write(const Options& options, Outcome& outcome) {
   Target target;
-  loadTarget(options.file, options.inputs, target, outcome);
+  loadTarget(options.file, options.inputs, options.outputs, target, outcome);
   Edit edit(target.document);
   for (const std::string& assignment : options.assignments) putAssignment(edit, assignment);
   settleSharedProperties(edit);
@@ -44,9 +44,8 @@ void addSet(CLI::App& app, Run& run) {
       ->add_option("CHANGE", options->assignments,
                    "PATH=VALUE or PATH+=JSON; paths are those of get")
       ->required();
-  addWriteOptions(*command, options->outputs);
-  addStampOption(*command, options->outputs);
-  addReadOptions(*command, options->inputs);
+  addEditOptions(*command, options->outputs);
+  addPasswordOption(*command, options->inputs);
   command->footer(
       "Texts are taken as they are, all else as JSON. PATH= deletes a value or empties it, as the "
       "field can; PATH+=JSON appends an item to a list. Nothing is written unless all can be.\n"

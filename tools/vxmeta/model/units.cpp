@@ -82,7 +82,8 @@ constexpr std::string_view kJobs =
 constexpr std::string_view kComments = "comments are written, and never read";
 constexpr std::string_view kJobReferences = "they are written under names that are never read";
 constexpr std::string_view kOlderScreens =
-    "screens of the older layout stay as they are, and are read where no others are";
+    "frequency, angle and shape are written with hasScreening alone; screens of the older layout "
+    "stay as they are, and are read where no others are";
 
 }  // namespace
 
