@@ -64,10 +64,13 @@ debian_package(Development libvxxmplib-dev libdevel
   "${runtime} (= ${PROJECT_VERSION}-1), libexpat1-dev")
 set(CPACK_COMPONENTS_ALL Runtime Development)
 if(TARGET vxmeta)
-  debian_package(Tool vxmeta graphics "shows, checks and compares production metadata of documents"
-    "The tool reads the XMP packets of PDF files and artwork, and shows, checks
-and compares the production metadata of packaging and prepress documents that
-they hold.")
+  if(NOT SCDOC)
+    message(FATAL_ERROR "The package vxmeta needs scdoc (Debian's package) for its manual page")
+  endif()
+  debian_package(Tool vxmeta graphics "shows, checks and changes production metadata of documents"
+    "The tool reads and writes the XMP packets of PDF files and artwork: it shows,
+checks, compares, merges and changes the production metadata of packaging and
+prepress documents that they hold.")
   list(APPEND CPACK_COMPONENTS_ALL Tool)
 endif()
 include(CPack)

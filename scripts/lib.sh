@@ -105,7 +105,8 @@ need_toolkit() {
 }
 
 # What the tool vxmeta is built with.
-tool_packages=(libcli11-dev nlohmann-json3-dev libfmt-dev libqpdf-dev libexempi-dev pkg-config)
+tool_packages=(libcli11-dev nlohmann-json3-dev libfmt-dev libqpdf-dev libexempi-dev pkg-config
+  scdoc)
 
 # Everything a build needs.
 need_build_tools() {
@@ -115,7 +116,8 @@ need_build_tools() {
 }
 
 need_test_tools() {
-  need_build_tools libgtest-dev binutils locales qpdf python3-jsonschema strace tidy "$@"
+  need_build_tools libgtest-dev binutils locales qpdf python3-jsonschema strace tidy zsh fish \
+    bash-completion "$@"
 }
 
 # build PRESET TARGETS [OPTION...] configures build/PRESET and builds TARGETS in it, and shows output
