@@ -117,7 +117,7 @@ need_build_tools() {
 
 need_test_tools() {
   need_build_tools libgtest-dev binutils locales qpdf python3-jsonschema strace tidy zsh fish \
-    bash-completion "$@"
+    bash-completion jq parallel sqlite3 "$@"
 }
 
 # build PRESET TARGETS [OPTION...] configures build/PRESET and builds TARGETS in it, and shows output
