@@ -8,7 +8,7 @@ import packets
 from chromium import Browser
 
 HERE = os.path.dirname(os.path.abspath(__file__))
-CARTON = os.path.join(HERE, "../../../examples/folding_carton.xmp")
+CARTON = os.path.normpath(os.path.join(HERE, "../../../examples/folding_carton.xmp"))
 VIEWS = {"light": (1100, "light", "screen"), "dark": (1100, "dark", "screen"),
          "narrow": (400, "light", "screen"), "paper": (688, "light", "print")}
 PAPERS = {"a4": (8.27, 11.69), "letter": (8.5, 11)}

@@ -33,7 +33,8 @@ Markup coverageBar(double percent, const std::string& colour) {
 
 Markup coverageCell(const XMPlInk& ink, const std::string& colour) {
   if (!ink.coverageValid) return {};
-  return coverageBar(ink.pct, colour) + plain(fmt::format(" {} %", ink.pct));
+  return coverageBar(ink.pct, colour) +
+         element("span", {{"class", "share"}}, plain(fmt::format("{} %", ink.pct)));
 }
 
 Markup areaCell(const XMPlInk& ink) {

@@ -110,7 +110,7 @@ Label labelOf(const Direction& direction) {
   const double angle = modulo(spoke.angle, 180);
   const std::size_t others = direction.spokes.size() - 1;
   const std::string more = others == 0 ? "" : fmt::format(" +{}", others);
-  const std::string name = shortened(spoke.name, 10);
+  const std::string name = shortened(spoke.name, others == 0 ? 10 : 7);
   Label label{fmt::format("{:.4g}° {}{}", spoke.angle, isolated(name), more), anchorAt(angle),
               at(angle, kRadius + 10)};
   if (angle < 10 || angle > 170) label.place.y -= 6;

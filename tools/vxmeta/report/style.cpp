@@ -22,7 +22,7 @@ body { margin: 0; background: var(--page); color: var(--text);
   font: 15px/1.45 system-ui, "Segoe UI", Roboto, "Helvetica Neue", "Liberation Sans", sans-serif; }
 main { max-width: 68rem; margin: 0 auto; padding: 1.5rem 1.25rem 4rem; }
 main { overflow-wrap: anywhere; }
-bdi { white-space: pre-wrap; }
+bdi { white-space: break-spaces; }
 h1, h2, h3, h4 { line-height: 1.2; margin: 0; overflow-wrap: anywhere; break-after: avoid; }
 h1 { font-size: 1.75rem; }
 h2 { font-size: 1.25rem; margin: 2.25rem 0 .75rem; padding-bottom: .3rem;
@@ -68,8 +68,9 @@ td bdi, th bdi { display: inline-block; max-width: 28rem; vertical-align: top; }
 tr:target, .card:target, dt:target, div:target, section:target { background: var(--panel);
   outline: 2px solid var(--link); outline-offset: 2px; }
 .bar { display: inline-block; width: 7rem; height: .8em; margin-right: .4em;
-  border: 1px solid var(--dim); background: var(--page); vertical-align: -.05em; }
+  border: 1px solid var(--dim); background: #ffffff; vertical-align: -.05em; }
 .bar span { display: block; height: 100%; }
+.share { display: inline-block; min-width: 4.2em; }
 details { margin: .4rem 0; } summary { cursor: pointer; color: var(--link); }
 .cards { display: grid; grid-template-columns: repeat(auto-fill, minmax(min(19rem, 100%), 1fr));
   gap: .75rem; align-items: start; }
@@ -112,6 +113,8 @@ svg .shared { fill: var(--warning); font-weight: 600; }
   main { padding: 1rem .8rem 3rem; }
   h1 { font-size: 1.35rem; }
   .bar { width: 4rem; }
+  .scroll table { width: max-content; }
+  td { max-width: 20rem; }
   td bdi, th bdi { max-width: 14rem; }
   dl { grid-template-columns: 7rem 1fr; }
 }
@@ -126,9 +129,10 @@ svg .shared { fill: var(--warning); font-weight: 600; }
   tbody th { min-width: 0; }
   thead { display: table-header-group; } tr { break-inside: avoid; }
   .bar { width: 3rem; }
-  td bdi, th bdi { max-width: 9rem; }
-  td:last-child bdi { max-width: 14rem; }
-  td { max-width: 14rem; }
+  td bdi, th bdi { max-width: 13rem; }
+  td { max-width: 18rem; }
+  .wide { font-size: 8.5pt; } .wide thead th { white-space: normal; }
+  .wide td bdi, .wide th bdi { max-width: 6rem; }
   article + article { break-before: page; border: 0; }
 }
 )css";

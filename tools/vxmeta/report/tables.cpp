@@ -12,6 +12,7 @@ namespace {
 
 constexpr std::size_t kLong = 40;   // rows that a table may have unfolded
 constexpr std::size_t kFirst = 24;  // rows of a longer one that show
+constexpr std::size_t kMany = 6;    // columns that have room on paper
 
 const char* styleOf(const ReportColumn& column) { return column.isNumeric ? "number" : ""; }
 
@@ -53,10 +54,11 @@ Markup rowsOf(const ReportTable& table, std::size_t first, std::size_t last) {
   Markup rows;
   for (std::size_t i = first; i < last; ++i) rows += rowOf(table, table.rows[i]);
   const Markup caption = element("caption", plain(table.caption));
+  const char* const width = table.columns.size() > kMany ? "wide" : "";
   return element(
       "div",
       {{"class", "scroll"}, {"role", "region"}, {"tabindex", "0"}, {"aria-label", table.caption}},
-      element("table", caption + headOf(table) + element("tbody", rows)));
+      element("table", {{"class", width}}, caption + headOf(table) + element("tbody", rows)));
 }
 
 bool isNumeric(const Type& type) {
