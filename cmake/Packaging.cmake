@@ -14,6 +14,7 @@ set(CPACK_DEBIAN_PACKAGE_MAINTAINER "${VXXMPLIB_MAINTAINER}")
 set(CPACK_DEB_COMPONENT_INSTALL ON)
 set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
+set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS_PRIVATE_DIRS "${PROJECT_BINARY_DIR}/src")  # the tool needs the library
 set(CPACK_DEBIAN_PACKAGE_GENERATE_SHLIBS ON)
 set(CPACK_DEBIAN_PACKAGE_GENERATE_SHLIBS_POLICY ">=")
 set(CPACK_STRIP_FILES ON)
@@ -70,7 +71,7 @@ if(TARGET vxmeta)
   debian_package(Tool vxmeta graphics "shows, checks and changes production metadata of documents"
     "The tool reads and writes the XMP packets of PDF files and artwork: it shows,
 checks, compares, merges and changes the production metadata of packaging and
-prepress documents that they hold.")
+prepress documents that they hold." "${runtime} (>= ${PROJECT_VERSION})")
   list(APPEND CPACK_COMPONENTS_ALL Tool)
 endif()
 include(CPack)
