@@ -131,7 +131,7 @@ std::string inPlaceOf(const std::string& old, const std::string& body) {
   if (parts.facts.hasWrapper && !parts.before.empty()) text = lineEnd + text;
   parts.body = text;
   if (encoding == Encoding::utf8 && namesOtherEncoding(parts.before)) parts.before = {};
-  const std::string packet = joined(parts, parts.padding.empty() ? lineEnd : parts.padding);
+  std::string packet = joined(parts, parts.padding.empty() ? lineEnd : parts.padding);
   if (!parts.facts.writable) return packet;
   return atLength(packet, old.size()).value_or(packet);
 }

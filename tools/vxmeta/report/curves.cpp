@@ -12,7 +12,7 @@ namespace {
 
 Markup valuesCell(const std::vector<double>& values) {
   constexpr std::size_t kMost = 32;
-  const Markup all = plain(shownValue(viewOf(values)));
+  Markup all = plain(shownValue(viewOf(values)));
   if (values.size() <= kMost) return all;
   return element("details",
                  element("summary", plain(counted(values.size(), "value"))) + element("p", all));
@@ -34,7 +34,7 @@ Markup curveTable(const std::vector<XMPlDgcc>& curves, Place& place) {
 }
 
 Markup figureOf(const std::vector<XMPlDgcc>& curves) {
-  const Markup plot = plotOf(curves);
+  Markup plot = plotOf(curves);
   if (plot.empty()) return plot;
   const std::string drawn =
       curves.size() <= kMostDrawnCurves

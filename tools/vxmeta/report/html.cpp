@@ -87,7 +87,9 @@ Markup value(std::string_view text) {
   return text.empty() ? Markup{} : element("bdi", plain(text));
 }
 
-std::string isolated(std::string_view text) { return "\u2068" + std::string(text) + "\u2069"; }
+std::string isolated(std::string_view text) {
+  return "\u2068" + std::string(text) + "\u2069";  // NOLINT(misc-misleading-bidirectional)
+}
 
 Markup element(std::string_view name, Attributes attributes, const Markup& content) {
   return {openTag(name, attributes) + ">" + content.html + "</" + std::string(name) + ">"};

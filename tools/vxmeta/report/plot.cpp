@@ -23,8 +23,8 @@ constexpr std::size_t kMostPoints = 256;
 using Wide = long double;
 
 struct Range {
-  Wide least = std::numeric_limits<double>::infinity();
-  Wide most = -std::numeric_limits<double>::infinity();
+  Wide least = std::numeric_limits<Wide>::infinity();
+  Wide most = -std::numeric_limits<Wide>::infinity();
 
   void add(double number) {
     if (!std::isfinite(number)) return;

@@ -39,6 +39,7 @@ std::vector<Direction> directionsOf(const std::vector<Spoke>& spokes) {
     direction.spokes.push_back(&spoke);
   }
   std::vector<Direction> all;
+  all.reserve(directions.size());
   for (auto& [key, direction] : directions) all.push_back(std::move(direction));
   return all;
 }
