@@ -63,6 +63,9 @@ TEST(Usage, IsRefusedInWords) {
       {"show --color sometimes -", "sometimes"},
       {"show -s paint -", "no field 'paint'"},
       {"diff - -", "cannot be both"},
+      {"get - x", "get: 'x': no field 'x'; there are: "},
+      {"get - ''", "get: '': no field ''; there are: "},
+      {"get - orderd", "did you mean job.orderid"},
       {"get -", "PATH is required"},
   };
   for (const auto& [arguments, message] : cases) {
