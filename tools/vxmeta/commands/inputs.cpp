@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <condition_variable>
 #include <cstdlib>
+#include <limits>
 #include <map>
 #include <mutex>
 #include <thread>
@@ -69,7 +70,7 @@ class Line {
 };
 
 int print(const Outcome& outcome) {
-  std::fwrite(outcome.out.data(), 1, outcome.out.size(), stdout);
+  printOut(outcome.out);
   if (!outcome.messages.empty()) {
     std::fflush(stdout);
     std::fwrite(outcome.messages.data(), 1, outcome.messages.size(), stderr);
@@ -108,7 +109,7 @@ void addReadOptions(CLI::App& command, Inputs& inputs) {
       .add_option("--object", inputs.options.object,
                   "Take the packet of this object of a PDF, or the N-th of a scan")
       ->type_name("N")
-      ->check(CLI::PositiveNumber);
+      ->check(CLI::Range(1, std::numeric_limits<int>::max()));
 }
 
 void addJobsOption(CLI::App& command, Inputs& inputs) {
@@ -116,6 +117,8 @@ void addJobsOption(CLI::App& command, Inputs& inputs) {
       ->type_name("N")
       ->check(CLI::Range(1, 256));
 }
+
+void printOut(const std::string& text) { std::fwrite(text.data(), 1, text.size(), stdout); }
 
 std::string messageLine(const std::string& file, const std::string& what) {
   return fmt::format("vxmeta: {}: {}\n", file == "-" ? "standard input" : visible(file),

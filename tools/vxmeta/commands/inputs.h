@@ -31,6 +31,9 @@ struct Outcome {
   int exitCode = kDone;
 };
 
+// Writes to standard output. Whether it arrives shows when all is done.
+void printOut(const std::string& text);
+
 // A line for standard error.
 std::string messageLine(const std::string& file, const std::string& what);
 

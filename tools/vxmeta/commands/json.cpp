@@ -65,7 +65,7 @@ void addSchema(CLI::App& app, Run&) {
       "Example: vxmeta schema > vxmeta.schema.json\n"
       "         vxmeta json carton.pdf > carton.json\n"
       "         jsonschema -i carton.json vxmeta.schema.json");
-  command->callback([] { fmt::print("{}\n", jsonText(documentSchema(), true)); });
+  command->callback([] { printOut(jsonText(documentSchema(), true) + '\n'); });
 }
 
 }  // namespace vxmeta
