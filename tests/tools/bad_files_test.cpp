@@ -51,7 +51,8 @@ std::string withMetadata(const std::string& dictionary, const std::string& data)
 TEST(BadFiles, PdfsThatCannotBeMended) {
   expectRefusal("extract -", "%PDF-1.4 and no more", "damaged PDF that cannot be mended");
   expectRefusal("extract -", pdfOf({"<</Type/Catalog>>"}), "no metadata packet of its own");
-  expectRefusal("extract -", withMetadata("", ""), "empty stream");
+  expectRefusal("extract -", pdfOf({"<</Type/Catalog/Metadata 9 0 R>>"}), "damaged or missing");
+  expectRefusal("extract -", withMetadata("", ""), "empty stream; `vxmeta embed`");
   expectRefusal("extract -", withMetadata("/Filter/FlateDecode", "no zlib"), "cannot be decoded");
   expectRefusal("extract -", withMetadata("/Filter/Unheard", "x"), "cannot be decoded");
   expectRefusal("extract --object 1 -", withMetadata("", "x"), "object 1 is no stream");

@@ -130,13 +130,23 @@ void fail(Outcome& outcome, const std::string& file, const std::string& why) {
   outcome.exitCode = kTrouble;
 }
 
+void addWarnings(const std::string& file, const std::vector<std::string>& warnings,
+                 Outcome& outcome) {
+  for (const std::string& warning : warnings) {
+    outcome.messages += messageLine(file, "warning: " + warning);
+  }
+}
+
 FilePacket read(const std::string& name, const InputFile& file, const Inputs& inputs,
                 Outcome& outcome) {
-  FilePacket packet = readPacket(file, inputs.options);
-  for (const std::string& warning : packet.warnings) {
-    outcome.messages += messageLine(name, "warning: " + warning);
+  try {
+    FilePacket packet = readPacket(file, inputs.options);
+    addWarnings(name, packet.warnings, outcome);
+    return packet;
+  } catch (const NoPacketError& error) {
+    addWarnings(name, error.warnings, outcome);
+    throw;
   }
-  return packet;
 }
 
 FilePacket load(const std::string& file, const Inputs& inputs, XMPlib& xmp, Outcome& outcome) {
