@@ -44,6 +44,13 @@ TEST(BadFiles, TruncatedArtwork) {
   expectRefusal("extract -", beginOf("BlueSquare.indd", 5000), "or is truncated");
 }
 
+TEST(BadFiles, ADocumentTypeIsNoPacketOfAnotherKind) {
+  const std::string packet = "<rdf:RDF xmlns:rdf='http://www.w3.org/1999/02/22-rdf-syntax-ns#'/>";
+  expectRefusal("get - job", "<!DOCTYPE x [<!ENTITY a '>'>]>" + packet, "DOCTYPE");
+  expectRefusal("get - job", "<!DOCTYPE x>" + packet, "DOCTYPE");
+  expectRefusal("get - job", "<!DOCTYPE html><html/>", "is no XMP packet");
+}
+
 std::string withMetadata(const std::string& dictionary, const std::string& data) {
   return pdfOf({"<</Type/Catalog/Metadata 2 0 R>>", stream("/Type/Metadata" + dictionary, data)});
 }
