@@ -44,6 +44,22 @@ TEST(BadFiles, TruncatedArtwork) {
   expectRefusal("extract -", beginOf("BlueSquare.indd", 5000), "or is truncated");
 }
 
+TEST(BadFiles, PacketsInAnEncodingThatIsNotRead) {
+  const std::string packet = "<?xpacket begin=''?><rdf:RDF/>";
+  for (const bool isMarked : {false, true}) {
+    for (const bool isBigEndian : {false, true}) {
+      std::string wide = !isMarked     ? ""
+                         : isBigEndian ? std::string("\0\0\xFE\xFF", 4)
+                                       : std::string("\xFF\xFE\0\0", 4);
+      for (const char c : packet) {
+        const std::string zeros(3, '\0');
+        wide += isBigEndian ? zeros + c : c + zeros;
+      }
+      expectRefusal("get - job", wide, "is in UTF-32, which is not read; have it written in UTF-8");
+    }
+  }
+}
+
 TEST(BadFiles, ADocumentTypeIsNoPacketOfAnotherKind) {
   const std::string packet = "<rdf:RDF xmlns:rdf='http://www.w3.org/1999/02/22-rdf-syntax-ns#'/>";
   expectRefusal("get - job", "<!DOCTYPE x [<!ENTITY a '>'>]>" + packet, "DOCTYPE");

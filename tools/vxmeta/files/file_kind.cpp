@@ -69,6 +69,7 @@ std::string_view localNameOf(std::string_view element) {
 // A wrapper, or an element that a packet begins with. A long prolog leaves the element out of the
 // head: that counts as a packet, and the parse decides.
 bool isPacketText(std::string_view head) {
+  if (isUtf32(head)) return true;
   const std::string ascii = asAscii(head, encodingOf(head));
   std::string_view text = ascii;
   skipBlanks(text);
