@@ -28,6 +28,9 @@ TEST(Get, AnswersPaths) {
       {"inks[-1].attribute", "omask\n", 0},
       {"'inks[name=Leaf green].pct'", "34.0\n", 0},
       {"'inks[angle=45.0].name'", "Black\n", 0},
+      {"'inks[angle=45].name'", "Black\n", 0},
+      {"'inks[angle=4.5e1].name'", "Black\n", 0},
+      {"'layers[locked=false].name'", "Artwork\n", 0},
       {"'fonts[name=\"Tea Script\"].protection'", "true\n", 0},
       {"screens[0][1].dotshape", "Round\n", 0},
       {"pageRanges[0].inks[-1]", "7\n", 0},
@@ -44,6 +47,9 @@ TEST(Get, AnswersPaths) {
       {"film.version.type", "", 1},
       {"scalars.vdpVersion", "", 1},
       {"inks.name", "", 2},
+      {"'inks[angle=steep].name'", "", 2},
+      {"'inks[angle=].name'", "", 2},
+      {"'layers[locked=no].name'", "", 2},
   };
   for (const Case& one : cases) {
     const Outcome end = runTool("get '" + kCarton + "' " + one.path);
