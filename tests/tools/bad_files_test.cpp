@@ -44,6 +44,29 @@ TEST(BadFiles, TruncatedArtwork) {
   expectRefusal("extract -", beginOf("BlueSquare.indd", 5000), "or is truncated");
 }
 
+TEST(BadFiles, PacketsInAnEncodingThatIsNotRead) {
+  const std::string packet = "<?xpacket begin=''?><rdf:RDF/>";
+  for (const bool isMarked : {false, true}) {
+    for (const bool isBigEndian : {false, true}) {
+      std::string wide = !isMarked     ? ""
+                         : isBigEndian ? std::string("\0\0\xFE\xFF", 4)
+                                       : std::string("\xFF\xFE\0\0", 4);
+      for (const char c : packet) {
+        const std::string zeros(3, '\0');
+        wide += isBigEndian ? zeros + c : c + zeros;
+      }
+      expectRefusal("get - job", wide, "is in UTF-32, which is not read; have it written in UTF-8");
+    }
+  }
+}
+
+TEST(BadFiles, ADocumentTypeIsNoPacketOfAnotherKind) {
+  const std::string packet = "<rdf:RDF xmlns:rdf='http://www.w3.org/1999/02/22-rdf-syntax-ns#'/>";
+  expectRefusal("get - job", "<!DOCTYPE x [<!ENTITY a '>'>]>" + packet, "DOCTYPE");
+  expectRefusal("get - job", "<!DOCTYPE x>" + packet, "DOCTYPE");
+  expectRefusal("get - job", "<!DOCTYPE html><html/>", "is no XMP packet");
+}
+
 std::string withMetadata(const std::string& dictionary, const std::string& data) {
   return pdfOf({"<</Type/Catalog/Metadata 2 0 R>>", stream("/Type/Metadata" + dictionary, data)});
 }
@@ -51,7 +74,8 @@ std::string withMetadata(const std::string& dictionary, const std::string& data)
 TEST(BadFiles, PdfsThatCannotBeMended) {
   expectRefusal("extract -", "%PDF-1.4 and no more", "damaged PDF that cannot be mended");
   expectRefusal("extract -", pdfOf({"<</Type/Catalog>>"}), "no metadata packet of its own");
-  expectRefusal("extract -", withMetadata("", ""), "empty stream");
+  expectRefusal("extract -", pdfOf({"<</Type/Catalog/Metadata 9 0 R>>"}), "damaged or missing");
+  expectRefusal("extract -", withMetadata("", ""), "empty stream; `vxmeta embed`");
   expectRefusal("extract -", withMetadata("/Filter/FlateDecode", "no zlib"), "cannot be decoded");
   expectRefusal("extract -", withMetadata("/Filter/Unheard", "x"), "cannot be decoded");
   expectRefusal("extract --object 1 -", withMetadata("", "x"), "object 1 is no stream");

@@ -109,7 +109,25 @@ TEST(ExtractFromPdf, ADamagedFileIsMendedWithAWarning) {
   const Outcome outcome = runTool("extract -", pdf);
   EXPECT_EQ(outcome.out, kPacket);
   EXPECT_EQ(outcome.code, 0);
-  EXPECT_NE(outcome.err.find("vxmeta: standard input: warning: damaged PDF: "), std::string::npos);
+  const std::string warning = "vxmeta: standard input: warning: damaged PDF: ";
+  EXPECT_NE(outcome.err.find(warning), std::string::npos);
+  const Outcome list = runTool("extract --list -", pdf);
+  EXPECT_NE(list.out.find("* pdf object 2"), std::string::npos) << list.out;
+  EXPECT_NE(list.err.find(warning), std::string::npos) << list.err;
+}
+
+TEST(ExtractFromPdf, ADamagedMetadataObjectIsSaidToBeThat) {
+  std::string pdf = withPacket().text();
+  pdf.replace(pdf.find("2 0 obj"), 7, "2 0 bjo");
+  for (const char* command : {"extract -", "extract --list -"}) {
+    const Outcome outcome = runTool(command, pdf);
+    EXPECT_NE(outcome.err.find("warning: damaged PDF: "), std::string::npos) << outcome.err;
+  }
+  const Outcome outcome = runTool("get - job", pdf);
+  EXPECT_EQ(outcome.code, 2);
+  EXPECT_NE(outcome.err.find("metadata object of this PDF is damaged or missing"),
+            std::string::npos)
+      << outcome.err;
 }
 
 // --- Artwork ------------------------------------------------------------------------------------

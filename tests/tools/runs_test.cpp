@@ -28,6 +28,9 @@ TEST(Get, AnswersPaths) {
       {"inks[-1].attribute", "omask\n", 0},
       {"'inks[name=Leaf green].pct'", "34.0\n", 0},
       {"'inks[angle=45.0].name'", "Black\n", 0},
+      {"'inks[angle=45].name'", "Black\n", 0},
+      {"'inks[angle=4.5e1].name'", "Black\n", 0},
+      {"'layers[locked=false].name'", "Artwork\n", 0},
       {"'fonts[name=\"Tea Script\"].protection'", "true\n", 0},
       {"screens[0][1].dotshape", "Round\n", 0},
       {"pageRanges[0].inks[-1]", "7\n", 0},
@@ -44,6 +47,9 @@ TEST(Get, AnswersPaths) {
       {"film.version.type", "", 1},
       {"scalars.vdpVersion", "", 1},
       {"inks.name", "", 2},
+      {"'inks[angle=steep].name'", "", 2},
+      {"'inks[angle=].name'", "", 2},
+      {"'layers[locked=no].name'", "", 2},
   };
   for (const Case& one : cases) {
     const Outcome end = runTool("get '" + kCarton + "' " + one.path);
@@ -60,9 +66,17 @@ TEST(Usage, IsRefusedInWords) {
       {"json", "FILE is required"},
       {"json --lime -", "--lime"},
       {"json -j 0 -", "-j"},
-      {"show --color sometimes -", "sometimes"},
-      {"show -s paint -", "no field 'paint'"},
+      {"show --color sometimes -", "'sometimes' is none of always, auto, never"},
+      {"show --color 1 -", "'1' is none of always, auto, never"},
+      {"set --how foo - a=b", "'foo' is none of append, rewrite, splice"},
+      {"merge --films foo a b", "'foo' is none of pages, separations"},
+      {"json --object 0 -", "Value 0 not in range 1 to 2147483647"},
+      {"show -s paint -", "show: 'paint': no field 'paint'"},
+      {"get -dash.xmp x", "no option '-dash.xmp'"},
       {"diff - -", "cannot be both"},
+      {"get - x", "get: 'x': no field 'x'; there are: "},
+      {"get - ''", "get: '': no field ''; there are: "},
+      {"get - orderd", "did you mean job.orderid"},
       {"get -", "PATH is required"},
   };
   for (const auto& [arguments, message] : cases) {

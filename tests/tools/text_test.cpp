@@ -54,6 +54,21 @@ TEST_F(Text, AlignsColumnsAndDropsBlankOnes) {
             " x\n");
 }
 
+TEST_F(Text, ShortensTextsBeforeItLeavesOutColumns) {
+  const Table table{{{"", true}, {"name"}, {"angle", true}, {"shape"}, {"pct %", true}},
+                    {{{"0"}, {"A long name"}, {"22.5"}, {"Elliptical"}, {"12.345"}}}};
+  const std::pair<std::size_t, const char*> cases[] = {
+      {80,
+       "   name         angle  shape        pct %\n0  A long name   22.5  Elliptical  12.345\n"},
+      {33, "   name    angle  shape    pct %\n0  A long…  22.5  Ellip…  12.345\n"},
+      {24, "   name    ang…   pct %\n0  A lon…  22.5  12.345\n"},
+      {18, "   name     pct %\n0  A lon…  12.345\n"},
+  };
+  for (const auto& [width, text] : cases) {
+    EXPECT_EQ(formatTable(table, {false, width}, 0), text) << width;
+  }
+}
+
 Document largeDocument() {
   Document document;
   XMPlInk ink;

@@ -3,6 +3,7 @@
 #include <XMPlib.h>
 #include <fmt/format.h>
 
+#include <algorithm>
 #include <cstdio>
 #include <exception>
 
@@ -26,10 +27,24 @@ int afterPrinting(int exitCode) {
   return vxmeta::kTrouble;
 }
 
+// What looks like an option of the command and is none; empty: nothing.
+std::string unknownOption(const CLI::App& command) {
+  const std::vector<std::string> rest = command.remaining();
+  const auto found = std::find_if(rest.begin(), rest.end(), [](const std::string& word) {
+    return word.size() > 1 && word[0] == '-' && word != "--";
+  });
+  return found == rest.end() ? "" : *found;
+}
+
 std::string usageMessage(const CLI::App& app, const CLI::ParseError& error) {
   const std::vector<std::string> rest = app.remaining();
-  const bool isUnknown = app.get_subcommands().empty() && !rest.empty();
-  return isUnknown ? fmt::format("there is no command or option '{}'", rest[0]) : error.what();
+  if (app.get_subcommands().empty()) {
+    return rest.empty() ? error.what() : fmt::format("there is no command or option '{}'", rest[0]);
+  }
+  const std::string option = unknownOption(*app.get_subcommands()[0]);
+  if (option.empty()) return error.what();
+  return fmt::format("there is no option '{}'; in front of a file or path of this name put --",
+                     option);
 }
 
 int usageError(const CLI::App& app, const CLI::ParseError& error) {

@@ -99,13 +99,13 @@ int checkAll(CheckOptions& options) {
   Json all = Json::array();
   for (Json& list : lists) all.insert(all.end(), list.begin(), list.end());
   // Names in a PDF may be in any encoding.
-  fmt::print("{}\n", all.dump(2, ' ', false, Json::error_handler_t::replace));
+  printOut(all.dump(2, ' ', false, Json::error_handler_t::replace) + '\n');
   return exitCode;
 }
 
 void listChecks() {
   for (const Check& check : allChecks()) {
-    fmt::print("{:<22} {:<8} {}\n", check.id, nameOf(check.severity), check.summary);
+    printOut(fmt::format("{:<22} {:<8} {}\n", check.id, nameOf(check.severity), check.summary));
   }
 }
 

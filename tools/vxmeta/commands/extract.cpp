@@ -48,8 +48,9 @@ void extractPacket(const ExtractOptions& options, Outcome& outcome) {
 }
 
 std::string listed(const ExtractOptions& options, Outcome& outcome) {
-  const std::vector<ListedPacket> packets = listPackets(options.file, options.inputs.options);
-  if (packets.empty()) outcome.messages = messageLine(options.file, "holds no packet");
+  const auto [packets, warnings] = listPackets(options.file, options.inputs.options);
+  addWarnings(options.file, warnings, outcome);
+  if (packets.empty()) outcome.messages += messageLine(options.file, "holds no packet");
   std::size_t width = 0;
   for (const ListedPacket& packet : packets) width = std::max(width, packet.source.size());
   std::string lines;

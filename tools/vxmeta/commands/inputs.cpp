@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <condition_variable>
 #include <cstdlib>
+#include <limits>
 #include <map>
 #include <mutex>
 #include <thread>
@@ -69,7 +70,7 @@ class Line {
 };
 
 int print(const Outcome& outcome) {
-  std::fwrite(outcome.out.data(), 1, outcome.out.size(), stdout);
+  printOut(outcome.out);
   if (!outcome.messages.empty()) {
     std::fflush(stdout);
     std::fwrite(outcome.messages.data(), 1, outcome.messages.size(), stderr);
@@ -116,7 +117,7 @@ void addReadOptions(CLI::App& command, Inputs& inputs) {
       .add_option("--object", inputs.options.object,
                   "Take the packet of this object of a PDF, or the N-th of a scan")
       ->type_name("N")
-      ->check(CLI::PositiveNumber);
+      ->check(CLI::Range(1, std::numeric_limits<int>::max()));
 }
 
 void addJobsOption(CLI::App& command, Inputs& inputs) {
@@ -124,6 +125,8 @@ void addJobsOption(CLI::App& command, Inputs& inputs) {
       ->type_name("N")
       ->check(CLI::Range(1, 256));
 }
+
+void printOut(const std::string& text) { std::fwrite(text.data(), 1, text.size(), stdout); }
 
 std::string messageLine(const std::string& file, const std::string& what) {
   return fmt::format("vxmeta: {}: {}\n", file == "-" ? "standard input" : visible(file),
@@ -135,13 +138,23 @@ void fail(Outcome& outcome, const std::string& file, const std::string& why) {
   outcome.exitCode = kTrouble;
 }
 
+void addWarnings(const std::string& file, const std::vector<std::string>& warnings,
+                 Outcome& outcome) {
+  for (const std::string& warning : warnings) {
+    outcome.messages += messageLine(file, "warning: " + warning);
+  }
+}
+
 FilePacket read(const std::string& name, const InputFile& file, const Inputs& inputs,
                 Outcome& outcome) {
-  FilePacket packet = readPacket(file, inputs.options);
-  for (const std::string& warning : packet.warnings) {
-    outcome.messages += messageLine(name, "warning: " + warning);
+  try {
+    FilePacket packet = readPacket(file, inputs.options);
+    addWarnings(name, packet.warnings, outcome);
+    return packet;
+  } catch (const NoPacketError& error) {
+    addWarnings(name, error.warnings, outcome);
+    throw;
   }
-  return packet;
 }
 
 FilePacket load(const std::string& file, const Inputs& inputs, XMPlib& xmp, Outcome& outcome) {

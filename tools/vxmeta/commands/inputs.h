@@ -33,11 +33,18 @@ struct Outcome {
   int exitCode = kDone;
 };
 
+// Writes to standard output. Whether it arrives shows when all is done.
+void printOut(const std::string& text);
+
 // A line for standard error.
 std::string messageLine(const std::string& file, const std::string& what);
 
 // Adds a failure to the outcome: the message, and the exit code of trouble.
 void fail(Outcome& outcome, const std::string& file, const std::string& why);
+
+// A line each.
+void addWarnings(const std::string& file, const std::vector<std::string>& warnings,
+                 Outcome& outcome);
 
 // Reads the packet of the file of that name; warnings go to the outcome. Throws FileError.
 FilePacket read(const std::string& name, const InputFile& file, const Inputs& inputs,

@@ -93,7 +93,7 @@ void addSchema(CLI::App& app, Run&) {
       "         vxmeta json carton.pdf > carton.json\n"
       "         jsonschema -i carton.json vxmeta.schema.json\n"
       "         vxmeta schema --paths | grep angle");
-  command->callback([options] { fmt::print("{}", schema(*options)); });
+  command->callback([options] { printOut(schema(*options)); });
 }
 
 }  // namespace vxmeta

@@ -4,6 +4,7 @@
 #include <algorithm>
 
 #include "commands/outputs.h"
+#include "commands/words.h"
 
 namespace vxmeta {
 namespace {
@@ -92,7 +93,7 @@ void addMerge(CLI::App& app, Run& run) {
       ->add_option("--films", options->wishes.films,
                    "Merge digital films, TARGET being the first: separations or pages")
       ->type_name("HOW")
-      ->transform(CLI::CheckedTransformer(kWays, CLI::ignore_case));
+      ->transform(wordOf(kWays));
   command->add_flag("--foreign", options->wishes.isForeign,
                     "Copy properties of other schemas too, where TARGET has none");
   addEditOptions(*command, options->outputs);

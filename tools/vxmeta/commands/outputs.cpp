@@ -4,6 +4,7 @@
 #include <fmt/format.h>
 
 #include "commands/changes.h"
+#include "commands/words.h"
 
 namespace vxmeta {
 namespace {
@@ -52,7 +53,7 @@ void addWriteOptions(CLI::App& command, Outputs& outputs) {
   command
       .add_option("--how", options.how, "Way into a PDF: splice (same length), append or rewrite")
       ->type_name("WAY")
-      ->transform(CLI::CheckedTransformer(kWays, CLI::ignore_case).description(""));
+      ->transform(wordOf(kWays));
 }
 
 void addEditOptions(CLI::App& command, Outputs& outputs) {

@@ -2,7 +2,7 @@
 // --color, of the commands that print for people.
 #pragma once
 
-#include "commands/commands.h"
+#include "commands/words.h"
 #include "text/terminal.h"
 
 namespace vxmeta {
@@ -15,7 +15,7 @@ inline void addColourOption(CLI::App& command, ColourChoice& choice) {
   };
   command.add_option("--color", choice, "auto (in a terminal, without NO_COLOR), always or never")
       ->type_name("WHEN")
-      ->transform(CLI::CheckedTransformer(kChoices, CLI::ignore_case));
+      ->transform(wordOf(kChoices));
 }
 
 }  // namespace vxmeta

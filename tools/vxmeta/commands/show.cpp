@@ -60,6 +60,16 @@ Outcome shown(const std::string& file, const Options& options, const Screen& scr
   return outcome;
 }
 
+void requireSections(const Options& options) {
+  try {
+    for (const std::string& section : options.sections) {
+      if (!isAll(options)) parsePath(section, typeOf<Document>());
+    }
+  } catch (const PathError& error) {
+    throw CLI::ValidationError("show", error.what());
+  }
+}
+
 void useStdinWithoutFiles(std::vector<std::string>& files) {
   if (!files.empty()) return;
   if (isatty(STDIN_FILENO) == 1) throw CLI::ValidationError("show", "no FILE is given");
@@ -88,9 +98,7 @@ void addShow(CLI::App& app, Run& run) {
       "Example: vxmeta show carton.pdf\n"
       "         vxmeta show -s inks -s screens carton.pdf | less");
   command->callback([&run, options] {
-    for (const std::string& section : options->sections) {
-      if (!isAll(*options)) parsePath(section, typeOf<Document>());
-    }
+    requireSections(*options);
     useStdinWithoutFiles(options->files);
     const Screen screen = screenOf(options->colours);
     run.exitCode = forEachFile(options->files, options->inputs, [&](const std::string& file) {

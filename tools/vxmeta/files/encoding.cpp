@@ -1,6 +1,9 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "files/encoding.h"
 
+#include <algorithm>
+#include <iterator>
+
 namespace vxmeta {
 namespace {
 
@@ -31,6 +34,25 @@ Encoding encodingOf(std::string_view text) {
   if (beginsWith(text, "\xFE\xFF"sv) || beginsWith(text, "\0<"sv)) return Encoding::utf16be;
   if (beginsWith(text, "\xFF\xFE"sv) || beginsWith(text, "<\0"sv)) return Encoding::utf16le;
   return Encoding::utf8;
+}
+
+bool isUtf32(std::string_view text) {
+  using namespace std::string_view_literals;
+  constexpr std::string_view kBegins[] = {"\0\0\xFE\xFF"sv, "\xFF\xFE\0\0"sv, "\0\0\0<"sv,
+                                          "<\0\0\0"sv};
+  return std::any_of(std::begin(kBegins), std::end(kBegins),
+                     [&](std::string_view begin) { return beginsWith(text, begin); });
+}
+
+std::string declaredEncoding(std::string_view text) {
+  text = withoutMark(text);
+  const std::string_view line = text.substr(0, text.find("?>"));
+  const std::size_t name = line.find("encoding");
+  if (!beginsWith(line, "<?xml ") || name == std::string_view::npos) return "";
+  const std::size_t begin = line.find_first_of("\"'", name);
+  if (begin == std::string_view::npos) return "";
+  const std::size_t end = line.find(line[begin], begin + 1);
+  return std::string(line.substr(begin + 1, std::min(end, line.size()) - begin - 1));
 }
 
 std::string stored(std::string_view ascii, Encoding encoding) {

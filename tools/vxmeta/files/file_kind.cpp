@@ -38,14 +38,20 @@ void skipBlanks(std::string_view& text) {
   text.remove_prefix(first == kNone ? text.size() : first);
 }
 
-// Skips what XML allows before the first element.
+// Whether a DOCTYPE declares something of its own, as those of HTML do not: XML, whatever it is.
+bool hasInternalSubset(std::string_view text) {
+  const std::size_t end = text.find_first_of("[>");
+  return beginsWith(text, "<!DOCTYPE") && end != kNone && text[end] == '[';
+}
+
+// Skips what XML allows before the first element, up to an internal subset.
 void skipProlog(std::string_view& text) {
   constexpr std::string_view kParts[][2] = {{"<!--", "-->"}, {"<!DOCTYPE", ">"}, {"<?", "?>"}};
   skipBlanks(text);
   for (bool skipped = true; skipped;) {
     skipped = false;
     for (const auto& [begin, end] : kParts) {
-      if (!beginsWith(text, begin)) continue;
+      if (!beginsWith(text, begin) || hasInternalSubset(text)) continue;
       const std::size_t at = text.find(end);
       text.remove_prefix(at == kNone ? text.size() : at + end.size());
       skipBlanks(text);
@@ -63,13 +69,14 @@ std::string_view localNameOf(std::string_view element) {
 // A wrapper, or an element that a packet begins with. A long prolog leaves the element out of the
 // head: that counts as a packet, and the parse decides.
 bool isPacketText(std::string_view head) {
+  if (isUtf32(head)) return true;
   const std::string ascii = asAscii(head, encodingOf(head));
   std::string_view text = ascii;
   skipBlanks(text);
   if (!beginsWith(text, "<")) return false;
   if (beginsWith(text, "<?xpacket")) return true;
   skipProlog(text);
-  if (text.empty()) return true;
+  if (text.empty() || hasInternalSubset(text)) return true;
   const std::string_view name = beginsWith(text, "<") ? localNameOf(text) : "";
   return name == "xmpmeta" || name == "xapmeta" || name == "RDF";
 }

@@ -90,16 +90,16 @@ FilePacket readPacket(const std::string& file, const ReadOptions& options) {
   return readPacket(InputFile(file), options);
 }
 
-std::vector<ListedPacket> listPackets(const std::string& file, const ReadOptions& options) {
+PacketList listPackets(const std::string& file, const ReadOptions& options) {
   const InputFile opened(file);
   const FileKind kind = fileKind(opened.head());
   if (kind.family == FileKind::pdf) return listPdf(opened, options);
-  if (kind.family == FileKind::artwork) return listArtwork(opened, kind);
+  if (kind.family == FileKind::artwork) return {listArtwork(opened, kind), {}};
   if (kind.family == FileKind::packet) {
-    return {{"packet", static_cast<std::size_t>(opened.size()), true, "document"}};
+    return {{{"packet", static_cast<std::size_t>(opened.size()), true, "document"}}, {}};
   }
   if (!options.scan) throwUnknown();
-  return listScanned(opened);
+  return {listScanned(opened), {}};
 }
 
 }  // namespace vxmeta

@@ -6,6 +6,7 @@
 #include <optional>
 #include <stdexcept>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace vxmeta {
@@ -22,7 +23,12 @@ class FileError : public std::runtime_error {
 
 // One that has no metadata at all.
 class NoPacketError : public FileError {
+ public:
   using FileError::FileError;
+  NoPacketError(const std::string& why, std::vector<std::string> mended)
+      : FileError(why), warnings(std::move(mended)) {}
+
+  std::vector<std::string> warnings;  // what had to be mended to look for it
 };
 
 struct ReadOptions {
@@ -52,7 +58,12 @@ struct ListedPacket {
   std::string owner;         // what it belongs to: "document", "page 3", "image", "font" ...
 };
 
+struct PacketList {
+  std::vector<ListedPacket> packets;
+  std::vector<std::string> warnings;  // what had to be mended to find them
+};
+
 // All packets of the file.
-std::vector<ListedPacket> listPackets(const std::string& file, const ReadOptions& options);
+PacketList listPackets(const std::string& file, const ReadOptions& options);
 
 }  // namespace vxmeta

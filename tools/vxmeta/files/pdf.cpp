@@ -15,13 +15,16 @@ std::string sourceOf(const QPDFObjectHandle& stream) {
 }
 
 QPDFObjectHandle documentsStream(QPDF& pdf) {
-  QPDFObjectHandle stream = pdf.getRoot().getKey("/Metadata");
-  if (!stream.isStream()) {
-    repairsOf(pdf);
-    throw NoPacketError(
-        "this PDF has no metadata packet of its own; `vxmeta extract --list` shows those in it");
-  }
-  return stream;
+  QPDFObjectHandle catalogue = pdf.getRoot();
+  QPDFObjectHandle stream = catalogue.getKey("/Metadata");
+  if (stream.isStream()) return stream;
+  // A reference to nothing counts as no entry where keys are asked for.
+  const bool isNamed = catalogue.getDictAsMap().count("/Metadata") != 0;
+  throw NoPacketError(isNamed ? "the metadata object of this PDF is damaged or missing; get the "
+                                "file anew from where it was made"
+                              : "this PDF has no metadata packet of its own; `vxmeta extract "
+                                "--list` looks for those of what is placed in it",
+                      repairsOf(pdf));
 }
 
 QPDFObjectHandle numberedStream(QPDF& pdf, int object) {
@@ -114,13 +117,16 @@ FilePacket readPdf(const InputFile& file, const ReadOptions& options) {
     packet.source = sourceOf(stream);
     packet.warnings = repairsOf(*pdf);
   });
-  if (packet.text.empty()) throw NoPacketError("the metadata of this PDF is an empty stream");
+  if (packet.text.empty())
+    throw NoPacketError(
+        "the metadata of this PDF is an empty stream; "
+        "`vxmeta embed` puts a packet there");
   return packet;
 }
 
-std::vector<ListedPacket> listPdf(const InputFile& file, const ReadOptions& options) {
+PacketList listPdf(const InputFile& file, const ReadOptions& options) {
   const auto pdf = openPdf(file, options.password);
-  std::vector<ListedPacket> packets;
+  PacketList list;
   withPdfErrors([&] {
     const std::vector<QPDFObjectHandle> objects = pdf->getAllObjects();
     const Owners owners = ownersIn(*pdf, objects);
@@ -129,12 +135,12 @@ std::vector<ListedPacket> listPdf(const InputFile& file, const ReadOptions& opti
       QPDFObjectHandle stream = object;
       const bool isOwned = owners.count(stream.getObjGen()) != 0 && stream.isStream();
       if (!isOwned && !stream.isStreamOfType("/Metadata")) continue;
-      packets.push_back(listed(stream, owners));
-      packets.back().isDocuments = stream.getObjGen() == documents;
+      list.packets.push_back(listed(stream, owners));
+      list.packets.back().isDocuments = stream.getObjGen() == documents;
     }
-    repairsOf(*pdf);
+    list.warnings = repairsOf(*pdf);
   });
-  return packets;
+  return list;
 }
 
 }  // namespace vxmeta

@@ -10,6 +10,6 @@ namespace vxmeta {
 FilePacket readPdf(const InputFile& file, const ReadOptions& options);
 
 // Reads every object of the file.
-std::vector<ListedPacket> listPdf(const InputFile& file, const ReadOptions& options);
+PacketList listPdf(const InputFile& file, const ReadOptions& options);
 
 }  // namespace vxmeta

@@ -16,8 +16,9 @@ Type describe<PacketInfo>() {
               .in("bytes"),
           VXMETA_FIELD(padding, "blanks before the closing wrapper line").in("bytes"),
           VXMETA_FIELD(writable, "the packet may be changed in place"),
-          VXMETA_FIELD(encoding, "encoding of the packet's text")
-              .oneOf({"UTF-8", "UTF-16BE", "UTF-16LE"}),
+          VXMETA_FIELD(encoding,
+                       "encoding of the packet's text: UTF-8, UTF-16BE, UTF-16LE, or what else its "
+                       "XML declaration names"),
           VXMETA_FIELD(source, "where in the file it was: packet, pdf object 12, TIFF ..."),
       });
 }

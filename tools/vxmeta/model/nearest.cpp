@@ -46,6 +46,15 @@ std::size_t distance(std::string_view wanted, std::string_view known) {
   return isName ? std::min(whole, 1 + editDistance(wanted, lastStep(known))) : whole;
 }
 
+// How far a path may be: less than the name is long, or any name would be near to a short one. A
+// name that stands in another record is one in any case.
+std::size_t farthest(std::string_view wanted, std::string_view known) {
+  const std::size_t length = lastStep(wanted).size();
+  if (length == 0) return 0;
+  if (lastStep(wanted) == lastStep(known)) return 2;
+  return std::min(std::max<std::size_t>(2, 1 + length / 4), length - 1);
+}
+
 }  // namespace
 
 std::vector<std::string> nearestPaths(std::string_view text, const Type& root) {
@@ -54,10 +63,9 @@ std::vector<std::string> nearestPaths(std::string_view text, const Type& root) {
   const std::string wanted = withoutItems(text.substr(0, kLongest));
   std::vector<std::pair<std::size_t, std::string>> ranked;
   for (const KnownPath& known : knownPaths(root)) {
-    const std::string& path = known.path;
-    const std::size_t far = distance(wanted, withoutItems(path));
-    if (far <= std::max<std::size_t>(2, 1 + lastStep(wanted).size() / 4))
-      ranked.emplace_back(far, path);
+    const std::string plain = withoutItems(known.path);
+    const std::size_t far = distance(wanted, plain);
+    if (far <= farthest(wanted, plain)) ranked.emplace_back(far, known.path);
   }
   const auto isNearer = [](const auto& a, const auto& b) { return a.first < b.first; };
   std::stable_sort(ranked.begin(), ranked.end(), isNearer);

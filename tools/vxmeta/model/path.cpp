@@ -29,6 +29,13 @@ std::string namesOf(const Type& record) {
   return names;
 }
 
+Step stepOf(Step::Way way, std::string_view name) {
+  Step step;
+  step.way = way;
+  step.name = name;
+  return step;
+}
+
 // Reads one path from the left; knows the type of what it has reached.
 class Parser {
  public:
@@ -64,7 +71,7 @@ class Parser {
                                 before(name)));
     }
     type_ = &withoutOptional(*fieldOf(*type_, name).type);
-    return {Step::Way::field, std::string(name), 0, {}};
+    return stepOf(Step::Way::field, name);
   }
 
   const Field& fieldOf(const Type& record, std::string_view name) {
@@ -94,7 +101,7 @@ class Parser {
 
   Step indexStep() {
     const std::string_view digits = upTo("]");
-    Step step{Step::Way::index, {}, 0, {}};
+    Step step = stepOf(Step::Way::index, {});
     const char* end = digits.data() + digits.size();
     const auto [rest, error] = std::from_chars(digits.data(), end, step.index);
     if (error != std::errc() || rest != end) {
@@ -110,7 +117,22 @@ class Parser {
       refuse(text_, fmt::format("'{}' is no single value to look for", name));
     }
     ++at_;
-    return {Step::Way::match, std::string(name), 0, matchedValue()};
+    Step step = stepOf(Step::Way::match, name);
+    step.value = matchedValue();
+    requireValueOf(type, step);
+    return step;
+  }
+
+  void requireValueOf(const Type& type, Step& step) {
+    if (type.kind == Kind::text) return;
+    if (type.kind == Kind::truth) {
+      if (step.value == "true" || step.value == "false") return;
+      refuse(text_, fmt::format("'{}' is true or false, not '{}'", step.name, step.value));
+    }
+    const char* end = step.value.data() + step.value.size();
+    const auto [rest, error] = std::from_chars(step.value.data(), end, step.number);
+    if (error == std::errc() && rest == end) return;
+    refuse(text_, fmt::format("'{}' is a number, and '{}' is none", step.name, step.value));
   }
 
   // Up to the next "]"; in double quotes, where it holds one.
@@ -141,8 +163,7 @@ std::optional<View> itemAt(const View& list, std::ptrdiff_t index) {
 
 std::optional<View> itemWith(const View& list, const Step& step) {
   for (std::size_t i = 0; i < list.size(); ++i) {
-    const View field = list.item(i).field(step.name).present();
-    if (field.type != nullptr && plainText(field) == step.value) return list.item(i);
+    if (matches(list.item(i), step)) return list.item(i);
   }
   return std::nullopt;
 }
@@ -178,6 +199,22 @@ std::optional<View> valueAt(const View& root, const Path& path) {
     if (value.type == nullptr) return std::nullopt;
   }
   return value;
+}
+
+const Type& typeAt(const Path& path, const Type& root) {
+  const Type* type = &root;
+  for (const Step& step : path) {
+    const bool isField = step.way == Step::Way::field;
+    type = &withoutOptional(isField ? *type->field(step.name)->type : *type->item);
+  }
+  return *type;
+}
+
+bool matches(const View& record, const Step& step) {
+  const View field = record.field(step.name).present();
+  if (field.type == nullptr) return false;
+  if (!field.isNumber()) return plainText(field) == step.value;
+  return isSame(viewOf(step.number), viewOf(field.number()));
 }
 
 std::string plainText(const View& value) {

@@ -23,7 +23,8 @@ struct Step {
   Way way = Way::field;
   std::string name;          // of the field, or of the field that is compared
   std::ptrdiff_t index = 0;  // from 0; below it, from the end: -1 is the last
-  std::string value;         // what the field is compared with, as `get` prints it
+  std::string value;         // what the field is compared with, as it stands in the path
+  double number = 0;         // the same, where the field is a number
 };
 
 using Path = std::vector<Step>;
@@ -36,6 +37,12 @@ const Type& typeOfPath(std::string_view text, const Type& root);
 
 // The value at the path. Empty when it is absent: nothing stored, no such item, no item matches.
 std::optional<View> valueAt(const View& root, const Path& path);
+
+// The type of the value at the path; of an optional value, that of what it holds.
+const Type& typeAt(const Path& path, const Type& root);
+
+// Whether the record is one that the step, a match, looks for.
+bool matches(const View& record, const Step& step);
 
 // A simple value as text: a text as it is, numbers and truth values as in JSON.
 std::string plainText(const View& value);

@@ -17,11 +17,6 @@ std::size_t indexOf(const View& list, std::ptrdiff_t index) {
   return static_cast<std::size_t>(place);
 }
 
-bool matches(const View& item, const Step& step) {
-  const View field = item.field(step.name).present();
-  return field.type != nullptr && plainText(field) == step.value;
-}
-
 std::size_t indexOfOnly(const View& list, const Step& step) {
   std::vector<std::size_t> found;
   for (std::size_t i = 0; i < list.size(); ++i) {

@@ -7,6 +7,7 @@
 #include <functional>
 #include <map>
 
+#include "files/encoding.h"
 #include "model/reading.h"
 
 namespace vxmeta {
@@ -143,6 +144,9 @@ Document readDocument(const XMPlib& xmp, const Wanted& wanted) {
 }
 
 void loadPacket(const std::string& text, XMPlib& xmp) {
+  if (isUtf32(text)) {
+    throw FileError("the packet is in UTF-32, which is not read; have it written in UTF-8");
+  }
   xmp.SetXML(text);
   if (xmp.ErrStr().empty()) return;
   throw FileError("the packet cannot be read: " + xmp.ErrStr() +

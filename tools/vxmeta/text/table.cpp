@@ -31,21 +31,25 @@ class Formatter {
     if (screen_.width == 0) return;
     for (std::size_t& width : widths_) width = std::min(width, screen_.width);
     shrink();
+    if (isHeaded()) leaveOutColumns();
   }
 
   std::string format() {
     std::vector<Cell> headings;
-    bool isHeaded = false;
     for (const Column& column : table_.columns) {
       headings.push_back({column.heading, {}, Style::dim});
-      isHeaded = isHeaded || !column.heading.empty();
     }
-    std::string text = isHeaded ? line(headings) : "";
+    std::string text = isHeaded() ? line(headings) : "";
     for (const std::vector<Cell>& row : table_.rows) text += line(row);
     return text;
   }
 
  private:
+  bool isHeaded() const {
+    return std::any_of(table_.columns.begin(), table_.columns.end(),
+                       [](const Column& column) { return !column.heading.empty(); });
+  }
+
   bool isBlank(std::size_t column) const {
     return std::all_of(table_.rows.begin(), table_.rows.end(), [&](const auto& row) {
       return row[column].text.empty() && !row[column].swatch;
@@ -99,8 +103,25 @@ class Formatter {
     shrinkTo(true);
   }
 
-  // Takes from the widest column that has some to give, again and again. What is too wide still is
-  // cut line by line.
+  // Leaves out texts, the last first, then numbers, the first first; never the first of either, by
+  // which a row is known.
+  void leaveOutColumns() {
+    std::vector<std::size_t> texts;
+    std::vector<std::size_t> numbers;
+    for (std::size_t c = 0; c < widths_.size(); ++c) {
+      if (widths_[c] > 0) (table_.columns[c].isNumeric ? numbers : texts).push_back(c);
+    }
+    std::reverse(texts.begin(), texts.end());
+    if (!texts.empty()) texts.pop_back();
+    if (!numbers.empty()) numbers.erase(numbers.begin());
+    texts.insert(texts.end(), numbers.begin(), numbers.end());
+    for (const std::size_t column : texts) {
+      if (total() <= screen_.width) return;
+      widths_[column] = 0;
+    }
+  }
+
+  // Takes from the widest column that has some to give, again and again.
   void shrinkTo(bool isTextCut) {
     std::vector<std::size_t> least(widths_.size());
     for (std::size_t c = 0; c < least.size(); ++c) least[c] = leastWidth(c, isTextCut);

@@ -33,8 +33,9 @@ struct Table {
   std::vector<std::vector<Cell>> rows;  // a cell for each column
 };
 
-// The table's lines, each behind `indent` blanks. Columns without any text are left out; what is
-// wider than the screen is cut, long texts first.
+// The table's lines, each behind `indent` blanks. Columns without any text are left out. Where it
+// is wider than the screen, texts are cut, the longest first, but no numbers; then whole columns
+// are left out, texts first. What is too wide still is cut line by line.
 std::string formatTable(const Table& table, const Screen& screen, std::size_t indent);
 
 // A line of styled parts. Where it is wider than the screen it is cut, with "…" at its end.
