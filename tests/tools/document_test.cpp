@@ -220,7 +220,7 @@ TEST(Packet, IsMeasuredAsItLies) {
       {begin + body + " \r\n\t<?xpacket end='w'?>", 63, 4, true, "UTF-8"},
       {"junk" + begin + body + "<?xpacket end='r'?>\n\n", 59, 0, false, "UTF-8"},
       {wide(begin + body + "  <?xpacket end='r'?>"), 122, 2, false, "UTF-16BE"},
-      {"<?xml version='1.0' encoding=\"iso-8859-1\"?>" + body, 54, 0, true, "ISO-8859-1"},
+      {"<?xml version='1.0' encoding=\"iso-8859-1\"?>" + body, 53, 0, true, "ISO-8859-1"},
       {"<?xml version='1.0'?><a encoding='x'/>", 38, 0, true, "UTF-8"},
       {"", 0, 0, true, "UTF-8"},
       {begin + "<?xpacket end=", 44, 0, true, "UTF-8"},

@@ -60,7 +60,7 @@ TEST_F(Text, ShortensTextsBeforeItLeavesOutColumns) {
   const std::pair<std::size_t, const char*> cases[] = {
       {80,
        "   name         angle  shape        pct %\n0  A long name   22.5  Elliptical  12.345\n"},
-      {33, "   name    angle  shape    pct %\n0  A long…  22.5  Ellip…  12.345\n"},
+      {33, "   name     ang…  shape     pct %\n0  A long…  22.5  Ellipt…  12.345\n"},
       {24, "   name    ang…   pct %\n0  A lon…  22.5  12.345\n"},
       {18, "   name     pct %\n0  A lon…  12.345\n"},
   };
