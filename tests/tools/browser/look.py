@@ -1,6 +1,7 @@
 # SPDX-License-Identifier: Apache-2.0
 """look.py VXMETA FOLDER [REPORT...]: makes reports, looks at them in a browser, and keeps the pictures."""
 import os
+import signal
 import subprocess
 import sys
 
@@ -54,6 +55,7 @@ def faults_of(browser, name, page, folder):
 
 
 def main(program, folder, *chosen):
+    signal.alarm(900)  # a browser that hangs ends the run
     os.makedirs(folder, exist_ok=True)
     faults, browser = [], Browser()
     for name, page in reports(program, folder, chosen):
