@@ -104,6 +104,12 @@ struct View {
   View present() const;
 };
 
+// Whether the flags of the record say that the field is valid.
+bool isValid(const View& record, const Field& field);
+
+// Whether the field only says whether others are valid.
+bool isFlag(const Type& record, const Field& field);
+
 // Whether the values, of one type, are the same in every part; a NaN is the same as any other.
 bool isSame(const View& a, const View& b);
 
