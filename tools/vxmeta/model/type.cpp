@@ -13,7 +13,7 @@ const Field* Type::field(std::string_view fieldName) const {
 }
 
 const Field* Type::key() const {
-  for (const std::string_view candidate : {"name", "instanceID", "code"}) {
+  for (const std::string_view candidate : {"name", "instanceID", "code", "property"}) {
     if (const Field* found = field(candidate)) return found;
   }
   return nullptr;

@@ -68,7 +68,8 @@ struct Type {
   void (*clear)(void* list) = nullptr;
 
   const Field* field(std::string_view fieldName) const;
-  // The field that names a record of a list: its name, its file, its code. Null: it has none.
+  // The field that names a record of a list: its name, its file, its code, its
+  // property. Null: it has none.
   const Field* key() const;
 };
 
