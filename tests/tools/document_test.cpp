@@ -109,12 +109,17 @@ TEST(Document, NamesUnreadPartsByTheirPaths) {
       "<rdf:Bag><rdf:li rdf:parseType='Resource'/></rdf:Bag></vxScreenL:screens></rdf:li></rdf:Seq>"
       "</vxScreenC:screenContainer><vxGr:nrpages>many</vxGr:nrpages><vxGr:vsize>1</vxGr:vsize>");
   const PlainJson expected = PlainJson::parse(R"([
-    {"list": "screens", "stored": 1, "read": 0, "reason": "vxScreen:singlepressDGC"},
-    {"list": "screens[0]", "stored": 1, "read": 0, "reason": "vxScreen:singlepressDGC"},
-    {"list": "fonts", "stored": 2, "read": 1, "reason": "vxFont:name"},
-    {"list": "fonts", "item": 0, "field": "o:x"},
-    {"list": "scalars.nrPages", "stored": 1, "read": 0, "reason": "Invalid integer string"},
-    {"list": "page", "stored": 1, "read": 0, "reason": "vxGr:units"}])");
+    {"list": "screens", "property": "vxScreenC:screenContainer", "stored": 1, "read": 0,
+     "reason": "vxScreen:singlepressDGC", "value": "[{\"vxScreenL:screens\":[{}]}]"},
+    {"list": "screens[0]", "property": "vxScreenC:screenContainer", "stored": 1, "read": 0,
+     "reason": "vxScreen:singlepressDGC", "value": "[{}]"},
+    {"list": "fonts", "property": "vxFontL:fonts", "stored": 2, "read": 1, "reason": "vxFont:name",
+     "value": "[{}]"},
+    {"list": "fonts", "property": "vxFontL:fonts", "item": 0, "field": "o:x", "value": "y"},
+    {"list": "scalars.nrPages", "property": "vxGr:nrpages", "stored": 1, "read": 0,
+     "reason": "Invalid integer string", "value": "many"},
+    {"list": "page", "property": "vxGr:vsize", "stored": 1, "read": 0, "reason": "vxGr:units",
+     "value": "1"}])");
   EXPECT_EQ(jsonOf(document)["unread"], expected);
 }
 

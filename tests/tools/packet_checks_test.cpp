@@ -243,7 +243,7 @@ const std::vector<Fault>& faults() {
        packet(list("vxDigFilmRefs:files", {"vxUsedF:instanceID=\"a\""})),
        packet(list("vxDigFilmRefs:files",
                    {fields("vxDigFilmRef", {{"instanceID", "a"}, {"renditionClass", "r"}})}))},
-      {{"items-hidden vxExtFL:files"},
+      {{"items-hidden extRefs"},
        packet(list("vxExtFL:files", {"stRef:instanceID=\"a\""})),
        packet(list("vxExtFL:files", {oldRef("a")}))},
       {{"items-hidden layers"},

@@ -73,10 +73,10 @@ TEST(Usage, IsRefusedInWords) {
       {"json --object 0 -", "Value 0 not in range 1 to 2147483647"},
       {"show -s paint -", "show: 'paint': no field 'paint'"},
       {"get -dash.xmp x", "no option '-dash.xmp'"},
-      {"diff - -", "cannot be both"},
       {"get - x", "get: 'x': no field 'x'; there are: "},
       {"get - ''", "get: '': no field ''; there are: "},
       {"get - orderd", "did you mean job.orderid"},
+      {"diff - -", "cannot be both"},
       {"get -", "PATH is required"},
   };
   for (const auto& [arguments, message] : cases) {

@@ -9,6 +9,7 @@
 #include "commands/screen_option.h"
 #include "model/compare.h"
 #include "model/json.h"
+#include "model/unread.h"
 
 namespace vxmeta {
 namespace {
@@ -37,7 +38,9 @@ std::string jsonOf(const std::vector<Change>& changes, const Options& options) {
 // Both files are read even when the first cannot be: two messages are better than one at a time.
 std::optional<Document> read(const std::string& file, const Options& options, Outcome& outcome) {
   try {
-    return loadDocument(file, options.inputs, {{}, options.expandRefs}, outcome);
+    Document document = loadDocument(file, options.inputs, {{}, options.expandRefs}, outcome);
+    if (options.isSemantic) std::erase_if(document.unread, isDateOrId);
+    return document;
   } catch (const std::exception& error) {
     fail(outcome, file, error.what());
     return std::nullopt;
@@ -49,7 +52,7 @@ Outcome compared(const Options& options) {
   const std::optional<Document> before = read(options.before, options, outcome);
   const std::optional<Document> after = read(options.after, options, outcome);
   if (!before || !after) return outcome;
-  const std::vector<Change> changes = compare(*before, *after, options.isSemantic);
+  const std::vector<Change> changes = compareAll(*before, *after, options.isSemantic);
   outcome.out =
       options.isJson ? jsonOf(changes, options) : changesText(changes, screenOf(options.colours));
   outcome.exitCode = changes.empty() ? kDone : kNo;
@@ -78,8 +81,9 @@ void addDiff(CLI::App& app, Run& run) {
   addReadOptions(*command, options->inputs);
   command->footer(
       "Items of lists are found again by what identifies them, wherever they stand. "
-      "+ is in B alone, - in A alone, ~ has changed, ^ stands in another order. How the packets "
-      "lie in their files, and what no record covers, is not compared.\n"
+      "+ is in B alone, - in A alone, ~ has changed, ^ stands in another order. What is stored and "
+      "not read is compared too, as `unread`; how the packets lie in their files, and the "
+      "properties of other schemas, is not.\n"
       "Exit code 0: the same; 1: different; 2: trouble.\n"
       "Example: vxmeta diff --semantic proof.pdf plate.pdf && echo same");
   command->callback([&run, options] {

@@ -41,10 +41,15 @@ class Comparer {
  public:
   explicit Comparer(bool isSemantic) : isSemantic_(isSemantic) {}
 
-  std::vector<Change> of(const View& before, const View& after) {
-    fields(before, after, "", true);
-    return std::move(changes_);
+  void sections(const Document& before, const Document& after) {
+    fields(viewOf(before), viewOf(after), "", true);
   }
+
+  void unread(const Document& before, const Document& after) {
+    lists(viewOf(before.unread), viewOf(after.unread), "unread", false);
+  }
+
+  std::vector<Change> changes() { return std::move(changes_); }
 
  private:
   void note(Way way, const std::string& path, const View& before, const View& after) {
@@ -118,7 +123,16 @@ class Comparer {
 }  // namespace
 
 std::vector<Change> compare(const Document& before, const Document& after, bool isSemantic) {
-  return Comparer(isSemantic).of(viewOf(before), viewOf(after));
+  Comparer comparer(isSemantic);
+  comparer.sections(before, after);
+  return comparer.changes();
+}
+
+std::vector<Change> compareAll(const Document& before, const Document& after, bool isSemantic) {
+  Comparer comparer(isSemantic);
+  comparer.sections(before, after);
+  comparer.unread(before, after);
+  return comparer.changes();
 }
 
 }  // namespace vxmeta

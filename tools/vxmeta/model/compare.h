@@ -25,4 +25,8 @@ struct Change {
 // `isSemantic`: without dates and identifiers. The views are those of the documents.
 std::vector<Change> compare(const Document& before, const Document& after, bool isSemantic);
 
+// As above, and what is stored in properties of the schema and not read ("unread[0].value"): where
+// nothing differs, those properties hold the same.
+std::vector<Change> compareAll(const Document& before, const Document& after, bool isSemantic);
+
 }  // namespace vxmeta

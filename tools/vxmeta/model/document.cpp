@@ -75,11 +75,14 @@ Type describe<UnreadPart>() {
       "unread",
       {
           VXMETA_FIELD(list, "path of what is not read whole"),
-          VXMETA_FIELD(stored, "number of items stored"),
+          VXMETA_FIELD(property, "the stored property"),
+          VXMETA_FIELD(stored, "number of items stored; of a single value 1"),
           VXMETA_FIELD(read, "number of items read"),
-          VXMETA_FIELD(reason, "the required field that the next item lacks, or the error"),
-          VXMETA_FIELD(item, "index of the item, from 0; absent: the list itself"),
+          VXMETA_FIELD(reason,
+                       "the required field or property that is not there, or what else is wrong"),
+          VXMETA_FIELD(item, "index of the item, from 0; absent: the list or value itself"),
           VXMETA_FIELD(field, "what stands in it and in no record"),
+          VXMETA_FIELD(value, "what is stored there: a text, or a list or structure as JSON"),
       });
 }
 
@@ -118,7 +121,7 @@ Type describe<Document>() {
           VXMETA_FIELD(pdfData, "standard PDF data, for other tools"),
           VXMETA_FIELD(mmData, "standard media-management data, for other tools"),
           VXMETA_FIELD(foreign, "schemas that no record covers"),
-          VXMETA_FIELD(unread, "what reading leaves out, and writing a list again would delete"),
+          VXMETA_FIELD(unread, "what is stored and not read; writing a list again would delete it"),
       });
 }
 

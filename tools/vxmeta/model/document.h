@@ -54,15 +54,17 @@ struct ForeignSchema {
   std::int32_t properties = 0;
 };
 
-// What a reading leaves out: the end of a list or a value that is an error (stored, read, reason),
-// or something inside an item (item, field).
+// What a reading leaves out: the end of a list, or a value (stored, read, reason), or something
+// inside one (item, field).
 struct UnreadPart {
-  std::string list;
+  std::string list;      // path of the section, or of a list in it
+  std::string property;  // in which it is stored
   std::optional<std::int32_t> stored;
   std::optional<std::int32_t> read;
   std::optional<std::string> reason;
   std::optional<std::int32_t> item;
   std::optional<std::string> field;
+  std::optional<std::string> value;  // what is stored there: a text, or JSON
 };
 
 struct Document {

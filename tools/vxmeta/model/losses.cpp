@@ -7,7 +7,9 @@
 #include <map>
 
 #include "model/path.h"
+#include "model/sections.h"
 #include "model/stored.h"
+#include "model/unread.h"
 
 namespace vxmeta {
 namespace {
@@ -22,48 +24,37 @@ void count(const StoredNode& node, const std::string& path, std::ptrdiff_t by, C
   }
 }
 
-bool isOf(const UnreadPart& part, std::string_view list) {
-  return !list.empty() && part.list.starts_with(list) &&
-         (part.list.size() == list.size() || part.list[list.size()] == '[');
-}
-
-Loss lossOf(const UnreadPart& part) {
+std::string lossOf(const UnreadPart& part) {
+  if (!isOfList(part)) {
+    return fmt::format("{} of {} ({})", storedPath(part), part.list, part.reason.value_or(""));
+  }
   if (part.field) {
     const std::string item = part.item ? fmt::format("[{}]", *part.item) : "";
-    return {part.list, fmt::format("{} in {}{}", *part.field, part.list, item)};
+    return fmt::format("{} in {}{}", *part.field, part.list, item);
   }
   const int stored = part.stored.value_or(0);
   const int read = part.read.value_or(0);
   const std::string reason = part.reason.value_or("");
-  if (stored == 0) return {part.list, fmt::format("what stands there and is no list ({})", reason)};
-  return {part.list, fmt::format("{} of {} items of {}, from [{}] on, which is not read ({})",
-                                 stored - read, stored, part.list, read, reason)};
+  if (part.item) return fmt::format("{}[{}] ({})", part.list, *part.item, reason);
+  if (stored == 0) return fmt::format("what stands in {} and is no list ({})", part.list, reason);
+  return fmt::format("{} of {} items of {}, from [{}] on, which is not read ({})", stored - read,
+                     stored, part.list, read, reason);
 }
 
-// The description as it is stored, or none: those in all other languages go with it.
-Document descriptionOf(const Document& before) {
-  Document only;
-  only.document = XMPlDocData();
-  only.document->description = before.document ? before.document->description : "";
-  if (only.document->description.empty()) only.document->description = kErase;
-  return only;
+std::string descriptionIn(const Document& document) {
+  return document.document.value_or(XMPlDocData()).description;
 }
 
-bool isDescriptionKept(const Edit& edit) {
-  const auto descriptionIn = [](const Document& document) {
-    return document.document.value_or(XMPlDocData()).description;
-  };
-  return descriptionIn(edit.before) == descriptionIn(edit.after);
-}
-
-// Writes what is stored into a copy, and looks what has gone.
-std::vector<Loss> hiddenLosses(const Unit& unit, const Edit& edit, const XMPlib& xmp) {
-  const bool isDocument = unit.absence == Absence::threeWay;
-  if (isDocument && isDescriptionKept(edit)) return {};
-  const StoredProperties stored = readStored(xmp.GetXML());
-  XMPlib copy = xmp.CloneXAP();
-  unit.write(copy, {}, isDocument ? descriptionOf(edit.before) : edit.before);
-  return lostNodes(stored, readStored(copy.GetXML()), {});
+// Whether a Set writes the property anew. Those of single values leave all else alone, but for the
+// description, and for what is removed where its text is empty.
+bool isWrittenAnew(const Unit& unit, const Edit& edit, const UnreadPart& part) {
+  if (part.property == unit.writtenToo) return true;
+  if (sectionOf(part.property) != unit.path || isBeside(part.property)) return false;
+  if (part.property == "dc:description") {
+    return descriptionIn(edit.before) != descriptionIn(edit.after);
+  }
+  const bool isBlank = part.value && part.value->empty();
+  return (unit.absence == Absence::emptied && !isBlank) || typeOf(unit).kind == Kind::list;
 }
 
 }  // namespace
@@ -82,15 +73,10 @@ std::vector<Loss> lostNodes(const StoredProperties& before, const StoredProperti
   return losses;
 }
 
-std::vector<Loss> lossesOf(const Unit& unit, const Edit& edit, const XMPlib& xmp) {
+std::vector<Loss> lossesOf(const Unit& unit, const Edit& edit) {
   std::vector<Loss> losses;
   for (const UnreadPart& part : edit.before.unread) {
-    const bool isItsOwn = typeOf(unit).kind == Kind::list && isOf(part, unit.path);
-    if (isItsOwn || isOf(part, unit.writtenToo)) losses.push_back(lossOf(part));
-  }
-  if (unit.isLossHidden) {
-    const std::vector<Loss> hidden = hiddenLosses(unit, edit, xmp);
-    losses.insert(losses.end(), hidden.begin(), hidden.end());
+    if (isWrittenAnew(unit, edit, part)) losses.push_back({part.property, lossOf(part)});
   }
   return losses;
 }

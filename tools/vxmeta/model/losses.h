@@ -12,8 +12,8 @@ namespace vxmeta {
 
 struct StoredProperties;
 
-// What writing the unit deletes beside what is asked for. `edit.before` was read from the handle.
-std::vector<Loss> lossesOf(const Unit& unit, const Edit& edit, const XMPlib& xmp);
+// What writing the unit deletes of what the document does not show.
+std::vector<Loss> lossesOf(const Unit& unit, const Edit& edit);
 
 // Nodes that were there before and are gone, by the property that they are in. Empty texts, values,
 // qualifiers and the order of items are not looked at. Of a property named in `but` none.

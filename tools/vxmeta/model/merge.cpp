@@ -10,6 +10,7 @@
 #include "files/packet_file.h"
 #include "model/losses.h"
 #include "model/read_document.h"
+#include "model/sections.h"
 #include "model/stored.h"
 #include "model/units.h"
 
@@ -59,7 +60,7 @@ void noteUnread(const Loaded& loaded, Merging& merging) {
   for (const UnreadPart& part : loaded.document.unread) {
     const bool isMerged =
         std::find(kResources.begin(), kResources.end(), part.list) != kResources.end();
-    if (!isMerged || !part.stored) continue;
+    if (!isMerged || !part.stored || isBeside(part.property)) continue;
     merging.notes.push_back(
         fmt::format("{}: {} of {} items of {} cannot be read, and are not merged", name,
                     *part.stored - part.read.value_or(0), *part.stored, part.list));
@@ -172,18 +173,18 @@ void mergeForeign(const std::vector<Loaded>& all, XMPlib& xmp) {
 }
 
 // What the target's lists hold and no Get reads goes where a merge writes them.
-std::vector<Loss> lossesOf(const Document& before, const Document& after, const XMPlib& xmp,
-                           bool areAllWritten) {
+std::vector<Loss> lossesOf(const Document& before, const Document& after, bool areAllWritten) {
   Edit edit(before);
   edit.after = after;
   std::vector<Loss> losses;
   for (const Unit& unit : units()) {
     const auto old = valueOf(before, unit);
     const auto now = valueOf(after, unit);
-    const bool isSameValue = old && now ? isSame(*old, *now) : !old && !now;
-    if (typeOf(unit).kind != Kind::list || unit.isLossHidden) continue;
+    if (!old && !now) continue;
+    const bool isSameValue = old && now && isSame(*old, *now);
+    if (typeOf(unit).kind != Kind::list || unit.path == "film.metadata") continue;
     if (isSameValue && !areAllWritten) continue;
-    const std::vector<Loss> its = lossesOf(unit, edit, xmp);
+    const std::vector<Loss> its = lossesOf(unit, edit);
     losses.insert(losses.end(), its.begin(), its.end());
   }
   return losses;
@@ -192,7 +193,7 @@ std::vector<Loss> lossesOf(const Document& before, const Document& after, const 
 // What is gone from the stored properties beside the losses that are known.
 void addLostNodes(const std::string& before, const XMPlib& xmp, std::vector<Loss>& losses) {
   std::vector<std::string_view> known = kRewritten;
-  for (const Loss& loss : losses) known.push_back(loss.path);
+  for (const Loss& loss : losses) known.push_back(loss.property);
   const std::vector<Loss> gone = lostNodes(readStored(before), readStored(xmp.GetXML()), known);
   losses.insert(losses.end(), gone.begin(), gone.end());
 }
@@ -235,7 +236,7 @@ Merging merge(const MergeSource& target, const std::vector<MergeSource>& sources
   if (wishes.isForeign) mergeForeign(all, xmp);
   merging.result = readDocument(xmp, {});
   merging.isChanged = xmp.GetXML() != xml;
-  merging.losses = lossesOf(before, merging.result, xmp, wishes.films.has_value());
+  merging.losses = lossesOf(before, merging.result, wishes.films.has_value());
   addLostNodes(xml, xmp, merging.losses);
   noteCoverage(before, merging);
   noteForeign(before, merging);

@@ -53,7 +53,7 @@ void readFilm(Reading& in, Document& document) {
 
 void readScreens(Reading& in, Document& document) {
   in.list("vxScreenC:screenContainer", &X::GetScreenContainer, document.screens);
-  if (document.screens && !document.screens->empty()) return;
+  if (document.screens && !document.screens->empty()) return in.passOver("vxScreenL:screens");
   std::optional<std::vector<XMPlScreen>> older;
   in.list("vxScreenL:screens",
           static_cast<bool (X::*)(std::vector<XMPlScreen>&) const>(&X::GetScreens), older);
@@ -62,9 +62,9 @@ void readScreens(Reading& in, Document& document) {
 
 void readColorSpace(Reading& in, Document& document) {
   XMPlColorSpace colours;
+  // Its Get answers for the description alone.
   const bool isFound = in.call("colorSpace", &X::GetColorSpace, colours);
-  const bool isThere = isFound || !colours.colorprofname.empty() ||
-                       colours.colorprofloc != XMPlColorSpace().colorprofloc;
+  const bool isThere = isFound || in.holds("vxGr:colorprofloc") || in.holds("vxGr:colorprofname");
   if (isThere) document.colorSpace = std::move(colours);
 }
 
@@ -73,6 +73,7 @@ void readExtRefs(Reading& in, Document& document) {
     return xmp.GetExtRefs(refs, true);
   };
   in.list("vxExtFL2:files", get, document.extRefs);
+  if (in.hasCurrentRefs()) in.passOver("vxExtFL:files");
   if (!document.extRefs) in.list("vxExtFL:files", &X::GetOldExtRefs, document.extRefs);
   if (document.extRefs && in.wanted().expandRefs) in.expand(*document.extRefs);
 }
@@ -127,7 +128,7 @@ constexpr Section kSections[] = {
     {"pdfData", [](Reading& in, Document& to) { to.pdfData = in.pdfData(); }},
     {"mmData", [](Reading& in, Document& to) { to.mmData = in.mmData(); }},
     {"foreign", [](Reading& in, Document& to) { to.foreign = in.foreign(); }},
-    {"unread", [](Reading& in, Document& to) { to.unread = in.unread(); }},
+    {"unread", [](Reading& in, Document& to) { to.unread = in.unread(to); }},
 };
 
 }  // namespace

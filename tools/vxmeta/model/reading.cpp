@@ -4,7 +4,6 @@
 #include <XMP_Const.h>
 
 #include <algorithm>
-#include <array>
 #include <stdexcept>
 
 #include "model/sections.h"
@@ -20,39 +19,6 @@ std::string messageOf(const XMP_Error& error) {
   return message != nullptr && *message != '\0' ? message : "XMP error";
 }
 
-UnreadPart unreadItems(std::string list, std::int32_t stored, std::int32_t read,
-                       std::string reason) {
-  UnreadPart part;
-  part.list = std::move(list);
-  part.stored = stored;
-  part.read = read;
-  part.reason = std::move(reason);
-  return part;
-}
-
-UnreadPart unreadField(const XMPlUnreadField& row) {
-  UnreadPart part;
-  part.list = pathOfList(row.list);
-  if (row.item > 0) part.item = row.item - 1;
-  part.field = row.field;
-  return part;
-}
-
-// Whether a record of simple properties, all of them required, is stored in part.
-UnreadPart partOf(const StoredProperties& stored, const std::string& section,
-                  const std::string& prefix, const Type& record) {
-  UnreadPart part = unreadItems(section, 0, 0, "");
-  for (const Field& field : record.fields) {
-    const std::string name = prefix + std::string(field.name);
-    if (stored.property(name) != nullptr) {
-      ++*part.stored;
-    } else if (part.reason->empty()) {
-      part.reason = name;
-    }
-  }
-  return part;
-}
-
 }  // namespace
 
 std::string Reading::errorOf(const std::function<void()>& call) const {
@@ -64,10 +30,6 @@ std::string Reading::errorOf(const std::function<void()>& call) const {
   } catch (const std::logic_error& error) {  // runs of files, and DGC curves
     return error.what();
   }
-}
-
-void Reading::noteError(const std::string& path, std::string reason) {
-  errors_.push_back(unreadItems(path, 1, 0, std::move(reason)));
 }
 
 const StoredProperties& Reading::stored() {
@@ -114,6 +76,7 @@ const InkList& Reading::inks() {
   if (both.document) list(kInks, &XMPlib::GetInksDigFilm, both.film);
   const bool isFilm = both.document && areFilmInks(*both.document, *both.film);
   isFilm ? both.document.reset() : both.film.reset();
+  if (isFilm) passOver(kCoverage);
   return inks_.emplace(std::move(both));
 }
 
@@ -133,34 +96,20 @@ std::vector<ForeignSchema> Reading::foreign() {
   return schemas;
 }
 
-// Of the records that the library reads whole or not at all: those stored in part. Film dimensions
-// that are read explain page dimensions that are not.
-void Reading::noteIncompleteRecords() {
-  XMPlDimDat page;
-  XMPlDimDatDigFilm film;
-  bool isRead = false;
-  (void)errorOf([&] { isRead = xmp_.GetDimDat(page) || xmp_.GetDimDatDigFilm(film); });
-  const auto note = [&](UnreadPart part) {
-    if (*part.stored > 0 && !part.reason->empty()) errors_.push_back(std::move(part));
+std::vector<UnreadPart> Reading::unread(const Document& document) {
+  std::vector<UnreadPart> parts = unreadInLists(xmp_, inks().film.has_value(), stored());
+  const auto add = [&](std::vector<UnreadPart> more) {
+    parts.insert(parts.end(), more.begin(), more.end());
   };
-  if (!isRead) note(partOf(stored(), "page", "vxGr:", typeOf<XMPlDimDat>()));
-  note(partOf(stored(), "cadRegistration", "vxCadReg:", typeOf<XMPlCadReg>()));
-}
-
-std::vector<UnreadPart> Reading::unread() {
-  std::vector<UnreadPart> parts;
-  const bool asFilmInks = inks().film.has_value();
-  std::vector<XMPlUnreadItems> items;
-  xmp_.GetUnreadItems(items, asFilmInks);
-  parts.reserve(items.size());
-  for (XMPlUnreadItems& row : items) {
-    parts.push_back(unreadItems(pathOfList(row.list), row.stored, row.read, std::move(row.reason)));
+  for (const std::string& property : passedOver_) {
+    const StoredNode* list = stored().property(property);
+    const auto part = list == nullptr ? std::nullopt : unreadBeside(stored(), *list);
+    if (!part) continue;
+    std::erase_if(parts, [&](const UnreadPart& one) { return one.property == property; });
+    parts.push_back(*part);
   }
-  std::vector<XMPlUnreadField> fields;
-  xmp_.GetUnreadFields(fields, asFilmInks);
-  std::transform(fields.begin(), fields.end(), std::back_inserter(parts), unreadField);
-  noteIncompleteRecords();
-  parts.insert(parts.end(), errors_.begin(), errors_.end());
+  add(unreadValues(stored(), document, errors_));
+  add(unreadSeparations(stored(), separations_));
   return parts;
 }
 

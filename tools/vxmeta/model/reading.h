@@ -12,6 +12,7 @@
 #include "model/document.h"
 #include "model/read_document.h"
 #include "model/stored.h"
+#include "model/unread.h"
 
 namespace vxmeta {
 
@@ -32,7 +33,7 @@ class Reading {
   bool call(const std::string& path, const Get& get, Value& value) {
     bool isFound = false;
     std::string error = errorOf([&] { isFound = std::invoke(get, xmp_, value); });
-    if (!error.empty()) noteError(path, std::move(error));
+    if (!error.empty()) errors_.emplace(path, std::move(error));
     return isFound;
   }
 
@@ -50,9 +51,19 @@ class Reading {
     List items;
     bool isFound = false;
     (void)errorOf([&] { isFound = std::invoke(get, xmp_, items); });
-    if (isFound || !items.empty() || stored().property(property) != nullptr) {
+    if (isFound || !items.empty() || holds(property)) {
       into = std::move(items);
     }
+  }
+
+  // Whether the property is stored.
+  bool holds(std::string_view property) { return stored().property(property) != nullptr; }
+
+  // Notes a list that is not read because of what is stored beside it.
+  void passOver(std::string_view property) { passedOver_.emplace(property); }
+  // Whether the first external reference of the current layout is there: then all are read from it.
+  bool hasCurrentRefs() {
+    return nodeAt(stored(), "vxExtFL2:files[1]/vxExtF:instanceID") != nullptr;
   }
 
   // Throws FileError where a run cannot be expanded.
@@ -63,13 +74,12 @@ class Reading {
   std::optional<XMPlMMData> mmData();
   std::optional<std::vector<XMPlMetaDataDigFilm>> filmMetadata();
   std::vector<ForeignSchema> foreign();
-  std::vector<UnreadPart> unread();
+  // Of a document whose sections have all been read.
+  std::vector<UnreadPart> unread(const Document& document);
 
  private:
   // The error that the call ends with, or leaves in the handle; empty when there is none.
   std::string errorOf(const std::function<void()>& call) const;
-  void noteError(const std::string& path, std::string reason);
-  void noteIncompleteRecords();
   bool isLossless(bool asFilmInks) const;
   bool areFilmInks(const std::vector<XMPlInk>& asDocument,
                    const std::vector<XMPlInkDigFilm>& asFilm) const;
@@ -79,7 +89,9 @@ class Reading {
   Wanted wanted_;
   std::optional<StoredProperties> stored_;
   std::optional<InkList> inks_;
-  std::vector<UnreadPart> errors_;
+  ReadErrors errors_;
+  ReadNodes separations_;
+  std::set<std::string, std::less<>> passedOver_;
 };
 
 // Keeps a group of optional values that has any.

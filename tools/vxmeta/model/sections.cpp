@@ -7,108 +7,125 @@
 namespace vxmeta {
 namespace {
 
-struct Row {
-  std::string_view property;
-  std::string_view section;
-};
+using Role = StoredPlace::Role;
 
-// Film inks and document inks are one list, film and page dimensions share properties: the first
-// that can be meant stands here. Sorted by property.
-constexpr Row kRows[] = {
-    {"dc:description", "document"},
-    {"dc:title", "pdfData"},
+// Sorted by path. Film and page share dimensions: the first that can be meant stands first.
+constexpr StoredPlace kPlaces[] = {
+    {"dc:description", "document", "description"},
+    {"dc:title", "pdfData", "title"},
     {"orvoVDP:version", "scalars.vdpVersion"},
-    {"pdf:Producer", "pdfData"},
-    {"pdf:Trapped", "pdfData"},
-    {"pdfxid:GTS_PDFXVersion", "pdfData"},
-    {"stVer:comments", "version"},
-    {"stVer:modifier", "version"},
-    {"stVer:modifyDate", "version"},
-    {"stVer:version", "version"},
+    {"pdf:Producer", "pdfData", "producer"},
+    {"pdf:Trapped", "pdfData", "trapped"},
+    {"pdfxid:GTS_PDFXVersion", "pdfData", "pdfxVersion"},
+    {"stVer:comments", "version", "comments"},
+    {"stVer:modifier", "version", "modifier"},
+    {"stVer:modifyDate", "version", "modifyDate"},
+    {"stVer:version", "version", "version"},
     {"vxBarcL:barcodes", "barcodes"},
     {"vxCadL:files", "cadFiles"},
-    {"vxCadReg:instanceID", "cadRegistration"},
-    {"vxCadReg:orgX", "cadRegistration"},
-    {"vxCadReg:orgY", "cadRegistration"},
-    {"vxCadReg:orientation", "cadRegistration"},
-    {"vxCadReg:renditionClass", "cadRegistration"},
-    {"vxCadReg:stationname", "cadRegistration"},
+    {"vxCadReg:instanceID", "cadRegistration", "instanceID", Role::required},
+    {"vxCadReg:orgX", "cadRegistration", "orgX", Role::required},
+    {"vxCadReg:orgY", "cadRegistration", "orgY", Role::required},
+    {"vxCadReg:orientation", "cadRegistration", "orientation", Role::required},
+    {"vxCadReg:renditionClass", "cadRegistration", "renditionClass", Role::required},
+    {"vxCadReg:stationname", "cadRegistration", "stationname", Role::required},
     {"vxDGCL:dgcs", "dgcs"},
-    {"vxDigFilm:structure", "film.version"},
-    {"vxDigFilm:type", "film.version"},
-    {"vxDigFilm:version", "film.version"},
+    {"vxDigFilm:structure", "film.version", "structure"},
+    {"vxDigFilm:type", "film.version", "type"},
+    {"vxDigFilm:version", "scalars.digitalFilmVersion"},
+    {"vxDigFilm:version", "film.version", "version", Role::required},
     {"vxDigFilmMetaDataList:metadataList", "film.metadata"},
     {"vxDigFilmRefs:files", "film.jobReferences"},
     {"vxDigJob:version", "scalars.digitalJobVersion"},
     {"vxExtFL2:files", "extRefs"},
-    {"vxExtFL:files", "extRefs"},
+    {"vxExtFL:files", "extRefs", "", Role::beside},
     {"vxFontL:fonts", "fonts"},
-    {"vxGr:colorprofdesc", "colorSpace"},
-    {"vxGr:colorprofloc", "colorSpace"},
-    {"vxGr:colorprofname", "colorSpace"},
-    {"vxGr:hdist", "film.dimensions"},
-    {"vxGr:hresolution", "film.dimensions"},
-    {"vxGr:hscale", "film.dimensions"},
-    {"vxGr:hshrink", "page"},
-    {"vxGr:hsize", "page"},
+    {"vxGr:colorprofdesc", "colorSpace", "colorprofdesc"},
+    {"vxGr:colorprofloc", "colorSpace", "colorprofloc"},
+    {"vxGr:colorprofname", "colorSpace", "colorprofname"},
+    {"vxGr:hdist", "film.dimensions", "hdist", Role::required},
+    {"vxGr:hresolution", "film.dimensions", "hresolution", Role::required},
+    {"vxGr:hscale", "film.dimensions", "hscale", Role::required},
+    {"vxGr:hshrink", "page", "hshrink", Role::required},
+    {"vxGr:hsize", "page", "hsize", Role::required},
+    {"vxGr:hsize", "film.dimensions", "hsize", Role::required},
     {"vxGr:inkproperties", "inkProperties"},
     {"vxGr:inks", "inks"},
-    {"vxGr:margbot", "page"},
-    {"vxGr:margleft", "page"},
-    {"vxGr:margright", "page"},
-    {"vxGr:margtop", "page"},
+    {"vxGr:margbot", "page", "margbot", Role::required},
+    {"vxGr:margbot", "film.dimensions", "margbot", Role::required},
+    {"vxGr:margleft", "page", "margleft", Role::required},
+    {"vxGr:margleft", "film.dimensions", "margleft", Role::required},
+    {"vxGr:margright", "page", "margright", Role::required},
+    {"vxGr:margright", "film.dimensions", "margright", Role::required},
+    {"vxGr:margtop", "page", "margtop", Role::required},
+    {"vxGr:margtop", "film.dimensions", "margtop", Role::required},
     {"vxGr:nrinksoriginal", "scalars.nrInksOriginalDocument"},
     {"vxGr:nrpages", "scalars.nrPages"},
-    {"vxGr:readerspread", "page"},
-    {"vxGr:reverse", "film.dimensions"},
-    {"vxGr:scanlinedirection", "film.dimensions"},
+    {"vxGr:readerspread", "page", "readerspread", Role::required},
+    {"vxGr:reverse", "film.dimensions", "reverse", Role::required},
+    {"vxGr:scanlinedirection", "film.dimensions", "scanlinedirection", Role::required},
     {"vxGr:screenreg", "scalars.screenReg"},
     {"vxGr:sides", "scalars.rectoVerso"},
     {"vxGr:startlogpage", "scalars.startLogPage"},
     {"vxGr:trapped", "scalars.isTrapped"},
-    {"vxGr:units", "page"},
-    {"vxGr:vdist", "film.dimensions"},
-    {"vxGr:vresolution", "film.dimensions"},
-    {"vxGr:vscale", "film.dimensions"},
-    {"vxGr:vshrink", "page"},
-    {"vxGr:vsize", "page"},
-    {"vxInkCovL:coverage", "inks"},
-    {"vxJob:description", "job"},
-    {"vxJob:orderid", "job"},
-    {"vxJob:suborderid", "job"},
+    {"vxGr:units", "page", "units", Role::required},
+    {"vxGr:units", "film.dimensions", "units", Role::required},
+    {"vxGr:vdist", "film.dimensions", "vdist", Role::required},
+    {"vxGr:vresolution", "film.dimensions", "vresolution", Role::required},
+    {"vxGr:vscale", "film.dimensions", "vscale", Role::required},
+    {"vxGr:vshrink", "page", "vshrink", Role::required},
+    {"vxGr:vsize", "page", "vsize", Role::required},
+    {"vxGr:vsize", "film.dimensions", "vsize", Role::required},
+    {"vxInkCovL:coverage", "inks", "", Role::beside},
+    {"vxJob:description", "job", "description"},
+    {"vxJob:orderid", "job", "orderid"},
+    {"vxJob:suborderid", "job", "suborderid"},
     {"vxLayL:layers", "layers"},
     {"vxPDFNat:type", "scalars.pdfNativeType"},
     {"vxPDFNat:version", "scalars.pdfNativeVersion"},
     {"vxPDFNat:vindrelversion", "scalars.pdfNativeVindrelVersion"},
     {"vxPagL:pagelist", "pageRanges"},
-    {"vxPrF:DerivedFrom", "baseDocument"},
-    {"vxProd:id", "product"},
-    {"vxProd:partid", "product"},
-    {"vxProd:proddescription", "product"},
-    {"vxProd:prodid", "product"},
-    {"vxProd:prodname", "product"},
-    {"vxProd:prodpartid", "product"},
-    {"vxProd:prodpartname", "product"},
+    {"vxPrF:DerivedFrom/stRef:instanceID", "baseDocument", "instanceID", Role::required},
+    {"vxPrF:DerivedFrom/stRef:renditionClass", "baseDocument", "renditionClass", Role::required},
+    {"vxProd:id", "product", "id"},
+    {"vxProd:partid", "product", "partid"},
+    {"vxProd:proddescription", "product", "proddescription"},
+    {"vxProd:prodid", "product", "prodid"},
+    {"vxProd:prodname", "product", "prodname"},
+    {"vxProd:prodpartid", "product", "prodpartid"},
+    {"vxProd:prodpartname", "product", "prodpartname"},
     {"vxScreenC:screenContainer", "screens"},
-    {"vxScreenL:screens", "screens"},
+    {"vxScreenL:screens", "screens", "", Role::beside},
     {"vxSmNameL:smartnames", "smartNames"},
     {"vxSmartID:id", "scalars.smartID"},
     {"vxSrLayout:repeats", "repeats"},
     {"vxUsedFL:files", "usedRefs"},
-    {"xmp:BaseURL", "document"},
-    {"xmp:CreateDate", "document"},
-    {"xmp:CreatorTool", "document"},
-    {"xmp:MetadataDate", "document"},
-    {"xmp:ModifyDate", "document"},
-    {"xmpBJ:JobRef", "job"},
-    {"xmpMM:DerivedFrom", "mmData"},
-    {"xmpMM:DocumentID", "mmData"},
-    {"xmpMM:RenditionClass", "mmData"},
-    {"xmpMM:VersionID", "mmData"},
+    {"xmp:BaseURL", "document", "baseURL"},
+    {"xmp:CreateDate", "document", "createDate"},
+    {"xmp:CreatorTool", "document", "creatorTool"},
+    {"xmp:MetadataDate", "document", "metadataDate"},
+    {"xmp:ModifyDate", "document", "modifyDate"},
+    {"xmpBJ:JobRef[last()]/stLoc:id", "job", "id"},
+    {"xmpBJ:JobRef[last()]/stLoc:name", "job", "name"},
+    {"xmpBJ:JobRef[last()]/stLoc:url", "job", "url"},
+    {"xmpMM:DerivedFrom", "mmData", "derivedFrom"},
+    {"xmpMM:DocumentID", "mmData", "documentID"},
+    {"xmpMM:RenditionClass", "mmData", "renditionClass"},
+    {"xmpMM:VersionID", "mmData", "versionID"},
 };
 
-constexpr bool isBefore(const Row& a, const Row& b) { return a.property < b.property; }
-static_assert(std::is_sorted(std::begin(kRows), std::end(kRows), isBefore));
+constexpr bool isBefore(const StoredPlace& a, const StoredPlace& b) { return a.path < b.path; }
+static_assert(std::is_sorted(std::begin(kPlaces), std::end(kPlaces), isBefore));
+
+// The first place at the path or behind it.
+const StoredPlace* lowerBound(std::string_view path) {
+  return std::lower_bound(std::begin(kPlaces), std::end(kPlaces), StoredPlace{path, {}}, isBefore);
+}
+
+bool isIn(std::string_view path, std::string_view whole) {
+  return path.starts_with(whole) && path.size() > whole.size() &&
+         (path[whole.size()] == '/' || path[whole.size()] == '[');
+}
 
 // "[2]/vxScreenL:screens" is "[1]".
 std::string groupIndex(std::string_view behindName) {
@@ -118,19 +135,40 @@ std::string groupIndex(std::string_view behindName) {
 
 }  // namespace
 
+std::string StoredPlace::documentPath() const {
+  return std::string(section) + (field.empty() ? "" : "." + std::string(field));
+}
+
+std::span<const StoredPlace> storedPlaces() { return kPlaces; }
+
+std::span<const StoredPlace> placesAt(std::string_view path) {
+  const StoredPlace* first = lowerBound(path);
+  const StoredPlace* end =
+      std::upper_bound(first, std::end(kPlaces), StoredPlace{path, {}}, isBefore);
+  return {first, end};
+}
+
+bool hasPlacesBelow(std::string_view path) {
+  const StoredPlace* next = lowerBound(path);
+  return next != std::end(kPlaces) && isIn(next->path, path);
+}
+
+std::string_view propertyOf(std::string_view path) {
+  return path.substr(0, path.find_first_of("/["));
+}
+
 std::string_view sectionOf(std::string_view storedProperty) {
-  const Row* row =
-      std::lower_bound(std::begin(kRows), std::end(kRows), Row{storedProperty, {}}, isBefore);
-  return row != std::end(kRows) && row->property == storedProperty ? row->section
-                                                                   : std::string_view();
+  const StoredPlace* place = lowerBound(storedProperty);
+  const bool isThere = place != std::end(kPlaces) && propertyOf(place->path) == storedProperty;
+  return isThere ? place->section : std::string_view();
+}
+
+bool isBeside(std::string_view storedProperty) {
+  const auto places = placesAt(storedProperty);
+  return !places.empty() && places.front().role == Role::beside;
 }
 
 std::string pathOfList(const std::string& storedList) {
-  // These stand beside the list that their section is read from.
-  if (storedList == "vxInkCovL:coverage" || storedList == "vxExtFL:files" ||
-      storedList == "vxScreenL:screens") {
-    return storedList;
-  }
   const std::size_t bracket = storedList.find('[');
   const std::string_view section = sectionOf(storedList.substr(0, bracket));
   if (section.empty()) return storedList;

@@ -2,30 +2,27 @@
 // Properties that stand in two sections of a document.
 #include <fmt/format.h>
 
-#include <algorithm>
-#include <array>
-
 #include "model/edit.h"
 #include "model/place.h"
+#include "model/sections.h"
 
 namespace vxmeta {
 namespace {
 
 struct Pair {
-  std::string_view one;
-  std::string_view other;
+  std::string one;
+  std::string other;
 };
 
-constexpr std::array<Pair, 8> kPairs = {{
-    {"scalars.digitalFilmVersion", "film.version.version"},
-    {"page.units", "film.dimensions.units"},
-    {"page.vsize", "film.dimensions.vsize"},
-    {"page.hsize", "film.dimensions.hsize"},
-    {"page.margtop", "film.dimensions.margtop"},
-    {"page.margbot", "film.dimensions.margbot"},
-    {"page.margleft", "film.dimensions.margleft"},
-    {"page.margright", "film.dimensions.margright"},
-}};
+std::vector<Pair> sharedPlaces() {
+  std::vector<Pair> pairs;
+  const auto places = storedPlaces();
+  for (std::size_t i = 1; i < places.size(); ++i) {
+    if (places[i].path != places[i - 1].path) continue;
+    pairs.push_back({places[i - 1].documentPath(), places[i].documentPath()});
+  }
+  return pairs;
+}
 
 std::optional<View> valueIn(const Document& document, std::string_view path) {
   return valueAt(viewOf(document), parsePath(path, typeOf<Document>()));
@@ -36,7 +33,7 @@ bool isGiven(const Edit& edit, std::string_view path) { return edit.given.contai
 // Margins that are not valid are no second value.
 bool isShared(const Edit& edit, const Pair& pair) {
   const auto& film = edit.after.film;
-  const bool isMargin = pair.one.find(".marg") != std::string_view::npos;
+  const bool isMargin = pair.one.find(".marg") != std::string::npos;
   return !isMargin || (film && film->dimensions && film->dimensions->hasMargins);
 }
 
@@ -80,7 +77,7 @@ void settleInks(Edit& edit) {
 }  // namespace
 
 void settleSharedProperties(Edit& edit) {
-  for (const Pair& pair : kPairs) settle(edit, pair);
+  for (const Pair& pair : sharedPlaces()) settle(edit, pair);
   settleInks(edit);
 }
 

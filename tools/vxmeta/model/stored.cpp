@@ -4,9 +4,13 @@
 #include <expat.h>
 
 #include <algorithm>
+#include <charconv>
 #include <memory>
+#include <nlohmann/json.hpp>
 #include <optional>
 #include <stdexcept>
+
+#include "model/json.h"
 
 namespace vxmeta {
 namespace {
@@ -103,6 +107,27 @@ void XMLCALL onText(void* reader, const XML_Char* text, int length) {
   static_cast<Reader*>(reader)->text({text, static_cast<std::size_t>(length)});
 }
 
+// "[2]" or "[last()]", of a list.
+const StoredNode* itemAt(const StoredNode& list, std::string_view step) {
+  if (list.form != StoredNode::Form::list || list.children.empty()) return nullptr;
+  if (step == "[last()]") return &list.children.back();
+  std::size_t number = 0;
+  std::from_chars(step.data() + 1, step.data() + step.size(), number);
+  return number == 0 || number > list.children.size() ? nullptr : &list.children[number - 1];
+}
+
+Json jsonOf(const StoredNode& node, std::size_t first = 0) {
+  if (node.form == StoredNode::Form::text && node.language.empty()) return node.text;
+  if (node.form == StoredNode::Form::text) return {{node.language, node.text}};
+  const bool isList = node.form == StoredNode::Form::list;
+  Json json = isList ? Json::array() : Json::object();
+  for (std::size_t i = first; i < node.children.size(); ++i) {
+    const StoredNode& child = node.children[i];
+    isList ? json.push_back(jsonOf(child)) : void(json[child.name] = jsonOf(child));
+  }
+  return json;
+}
+
 }  // namespace
 
 const StoredNode* StoredNode::field(std::string_view fieldName) const {
@@ -130,6 +155,23 @@ const std::string* textOf(const StoredNode* property) {
     if (item.language == "x-default") return &item.text;
   }
   return nullptr;
+}
+
+const StoredNode* nodeAt(const StoredProperties& stored, std::string_view path) {
+  std::size_t end = std::min(path.find_first_of("/["), path.size());
+  const StoredNode* node = stored.property(path.substr(0, end));
+  while (node != nullptr && end < path.size()) {
+    const std::size_t begin = end;
+    end = std::min(path.find_first_of("/[", begin + 1), path.size());
+    const std::string_view step = path.substr(begin, end - begin);
+    node = step[0] == '[' ? itemAt(*node, step) : node->field(step.substr(1));
+  }
+  return node;
+}
+
+std::string valueText(const StoredNode& node, std::size_t first) {
+  const bool isText = node.form == StoredNode::Form::text;
+  return isText ? node.text : jsonText(jsonOf(node, first), false);
 }
 
 StoredProperties readStored(const std::string& xml) {

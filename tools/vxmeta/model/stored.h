@@ -35,6 +35,12 @@ struct StoredProperties {
 // The text of a property; of a language alternative, that in the default language. Null: none.
 const std::string* textOf(const StoredNode* property);
 
+// The node at a path: "vxFontL:fonts[2]/vxFont:name", "xmpBJ:JobRef[last()]". Null: none.
+const StoredNode* nodeAt(const StoredProperties& stored, std::string_view path);
+
+// What the node holds: a text as it is, of a list the items from `first` on, as JSON.
+std::string valueText(const StoredNode& node, std::size_t first = 0);
+
 // `xml` is what XMPlib::GetXML gives: one description, nothing in it written as an attribute, the
 // library's own names under their fixed prefixes.
 StoredProperties readStored(const std::string& xml);

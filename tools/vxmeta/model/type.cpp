@@ -13,7 +13,7 @@ const Field* Type::field(std::string_view fieldName) const {
 }
 
 const Field* Type::key() const {
-  for (const std::string_view candidate : {"name", "instanceID", "code"}) {
+  for (const std::string_view candidate : {"name", "instanceID", "code", "property"}) {
     if (const Field* found = field(candidate)) return found;
   }
   return nullptr;
@@ -40,6 +40,18 @@ bool areSameItems(const View& a, const View& b) {
 }
 
 }  // namespace
+
+bool isValid(const View& record, const Field& field) {
+  if (!field.validWith.empty()) return record.field(field.validWith).truth();
+  if (!field.validWithout.empty()) return !record.field(field.validWithout).truth();
+  return true;
+}
+
+bool isFlag(const Type& record, const Field& field) {
+  return std::any_of(record.fields.begin(), record.fields.end(), [&](const Field& other) {
+    return other.validWith == field.name || other.validWithout == field.name;
+  });
+}
 
 bool isSame(const View& a, const View& b) {
   switch (a.type->kind) {

@@ -68,7 +68,8 @@ struct Type {
   void (*clear)(void* list) = nullptr;
 
   const Field* field(std::string_view fieldName) const;
-  // The field that names a record of a list: its name, its file, its code. Null: it has none.
+  // The field that names a record of a list: its name, its file, its code, its
+  // property. Null: it has none.
   const Field* key() const;
 };
 
@@ -103,6 +104,12 @@ struct View {
   // What an optional value holds; the value itself when it is none. Null type: nothing.
   View present() const;
 };
+
+// Whether the flags of the record say that the field is valid.
+bool isValid(const View& record, const Field& field);
+
+// Whether the field only says whether others are valid.
+bool isFlag(const Type& record, const Field& field);
 
 // Whether the values, of one type, are the same in every part; a NaN is the same as any other.
 bool isSame(const View& a, const View& b);

@@ -75,7 +75,7 @@ bool writeCadRegistration(X& xmp, const Document&, const Document& after) {
 #member, writeThreeWay < &X::Set##Name, &Document::member>, Absence::threeWay
 #define FILM(member, Name) "film." #member, writeFilm<&X::Set##Name, &Film::member>
 #define TO_EMPTY(member, Name) \
-#member, writeSection < &X::Set##Name, &Document::member>, Absence::emptied, {}, {}, true
+#member, writeSection < &X::Set##Name, &Document::member>, Absence::emptied
 
 constexpr std::string_view kJobs =
     "of several job references the first is written, and the last is read";
@@ -104,15 +104,15 @@ const std::vector<Unit>& units() {
       SCALAR_TO_DELETE(vdpVersion, VDPVersion),
       {TEXTS(job, JobData), {}, kJobs},
       {TEXTS(product, ProdData)},
-      {TEXTS(document, DocumentData), {}, {}, true},
+      {TEXTS(document, DocumentData)},
       {TEXTS(version, DocumentVersion), {}, kComments},
       SECTION(baseDocument, BaseDoc),
       SECTION(page, DimDat),
       {FILM(version, DigitalFilmVersionDetailed)},
       {FILM(dimensions, DimDatDigFilm)},
-      {"film.inks", writeFilmInks, Absence::refused, "inks"},
+      {"film.inks", writeFilmInks, Absence::refused, "vxGr:inks"},
       {FILM(jobReferences, UsedDigitalJobRefs), Absence::refused, {}, kJobReferences},
-      {FILM(metadata, MetaDataDigFilms), Absence::refused, {}, {}, true},
+      {FILM(metadata, MetaDataDigFilms)},
       SECTION(colorSpace, ColorSpace),
       {"inks", writeInks, Absence::refused, "vxInkCovL:coverage"},
       SECTION(inkProperties, InkProperties),
@@ -147,12 +147,8 @@ const Unit* unitOf(std::string_view path) {
 }
 
 const Type& typeOf(const Unit& unit) {
-  const Type* type = &typeOf<Document>();
-  for (const Step& step : parsePath(unit.path, *type)) {
-    type = type->field(step.name)->type;
-    if (type->kind == Kind::optional) type = type->item;
-  }
-  return *type;
+  const Type& root = typeOf<Document>();
+  return typeAt(parsePath(unit.path, root), root);
 }
 
 std::optional<View> valueOf(const Document& document, const Unit& unit) {

@@ -25,12 +25,10 @@ struct Unit {
   std::string_view path;  // "scalars.nrPages", "inks"
   bool (*write)(XMPlib& xmp, const Document& before, const Document& after);
   Absence absence = Absence::refused;
-  // A list that is written with it, as UnreadPart names it.
+  // A stored list that is written anew with it.
   std::string_view writtenToo = {};
   // What its Get does not see of what its Set wrote, as a sentence; empty: it sees all.
   std::string_view asymmetry = {};
-  // Writing may delete what GetUnreadItems and GetUnreadFields do not tell of.
-  bool isLossHidden = false;
 };
 
 // In the order of the sections.

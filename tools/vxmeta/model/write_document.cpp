@@ -196,7 +196,7 @@ Writing writeDocument(const Edit& edit, bool force, XMPlib& xmp) {
   std::vector<Loss> losses;
   for (const Unit* unit : changed) {
     if (const auto value = valueOf(edit.after, *unit)) validate(*value, std::string(unit->path));
-    const std::vector<Loss> its = lossesOf(*unit, edit, xmp);
+    const std::vector<Loss> its = lossesOf(*unit, edit);
     losses.insert(losses.end(), its.begin(), its.end());
   }
   const std::string words = lossesInWords(losses);

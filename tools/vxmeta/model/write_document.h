@@ -11,8 +11,8 @@ namespace vxmeta {
 
 // What writing would delete although nobody asked for it.
 struct Loss {
-  std::string path;  // of the section
-  std::string what;  // "2 of 3 items, from [1] on: ..."
+  std::string property;  // in which it is stored
+  std::string what;      // "2 of 3 items, from [1] on: ..."
 };
 
 // A change that stands in the way of what it would delete, in words.

@@ -43,65 +43,106 @@ bool setFromText(const Type& type, void* into, const std::string& text) {
   }
 }
 
-// Fills the fields that the structure has under `prefix` and their own name.
-template <class Record>
-void fill(Record& record, const StoredNode* structure, const std::string& prefix) {
-  if (structure == nullptr) return;
-  for (const Field& field : typeOf<Record>().fields) {
-    const StoredNode* stored = structure->field(prefix + std::string(field.name));
-    if (stored != nullptr) setFromText(*field.type, field.slot(&record), stored->text);
+// Reads the separations of a film. Notes which nodes it has read, of those that a Set writes.
+class SeparationReader {
+ public:
+  explicit SeparationReader(ReadNodes& read) : read_(read) {}
+
+  std::vector<XMPlMetaDataDigFilm> separations(const StoredNode* list) {
+    return itemsOf(list, &SeparationReader::separationOf);
   }
-}
 
-XMPlDimDatDigFilm dimensionsOf(const StoredNode* structure) {
-  XMPlDimDatDigFilm dimensions;
-  fill(dimensions, structure, "vxGr:");
-  if (structure == nullptr) return dimensions;
-  dimensions.basicOnly = structure->field("vxGr:vdist") == nullptr;
-  dimensions.hasMargins = structure->field("vxGr:margtop") != nullptr;
-  return dimensions;
-}
+ private:
+  template <class Record>
+  std::vector<Record> itemsOf(const StoredNode* list,
+                              Record (SeparationReader::*make)(const StoredNode& item)) {
+    std::vector<Record> items;
+    if (list == nullptr || list->form != StoredNode::Form::list) return items;
+    for (const StoredNode& item : list->children) {
+      if (item.form == StoredNode::Form::structure) read_.insert(&item);
+      items.push_back((this->*make)(item));
+    }
+    return items;
+  }
 
-XMPlInkDigFilm inkOf(const StoredNode* structure) {
-  XMPlInkDigFilm ink;
-  fill(ink, structure, "vxInk:");
-  if (structure == nullptr) return ink;
-  // Under another name than in the list of film inks.
-  const StoredNode* number = structure->field("vxInk:nrinksoriginal");
-  if (number != nullptr) ink.inknrsoriginal = number->text;
-  return ink;
-}
+  const StoredNode* structureIn(const StoredNode& item, std::string_view name) {
+    return noted(item.field(name), StoredNode::Form::structure);
+  }
+  const StoredNode* listIn(const StoredNode& item, std::string_view name) {
+    return noted(item.field(name), StoredNode::Form::list);
+  }
+  const StoredNode* noted(const StoredNode* node, StoredNode::Form form) {
+    if (node == nullptr || node->form != form) return nullptr;
+    read_.insert(node);
+    return node;
+  }
 
-XMPlScreen screenOf(const StoredNode& item) {
-  XMPlScreen screen;
-  const StoredNode* structure = item.field("vxDigFilmMetaData:screen");
-  fill(screen, structure, "vxScreen:");
-  screen.hasScreening = structure != nullptr && structure->field("vxScreen:frequency") != nullptr;
-  return screen;
-}
+  void fillField(const Type& record, void* into, const Field& field, const StoredNode* stored) {
+    if (stored == nullptr || stored->form != StoredNode::Form::text) return;
+    const bool isSet = setFromText(*field.type, field.slot(into), stored->text);
+    if (isSet && isValid({&record, into}, field)) read_.insert(stored);
+  }
 
-XMPlUsedRef referenceOf(const StoredNode& item) {
-  XMPlUsedRef reference;
-  fill(reference, item.field("vxDigFilmMetaData:uRef"), "vxUsedF:");
-  return reference;
-}
+  // Fills the fields that the structure has under `prefix` and their own name. Flags come before.
+  template <class Record>
+  void fill(Record& record, const StoredNode* structure, const std::string& prefix) {
+    if (structure == nullptr) return;
+    const Type& type = typeOf<Record>();
+    for (const Field& field : type.fields) {
+      if (!field.isStored || isFlag(type, field)) continue;
+      fillField(type, &record, field, structure->field(prefix + std::string(field.name)));
+    }
+  }
 
-template <class Make>
-auto itemsOf(const StoredNode* list, const Make& make) {
-  std::vector<decltype(make(*list))> items;
-  if (list == nullptr || list->form != StoredNode::Form::list) return items;
-  for (const StoredNode& item : list->children) items.push_back(make(item));
-  return items;
-}
+  XMPlDimDatDigFilm dimensionsOf(const StoredNode* structure) {
+    XMPlDimDatDigFilm dimensions;
+    if (structure == nullptr) return dimensions;
+    dimensions.basicOnly = structure->field("vxGr:vdist") == nullptr;
+    dimensions.hasMargins = !dimensions.basicOnly && structure->field("vxGr:margtop") != nullptr;
+    fill(dimensions, structure, "vxGr:");
+    return dimensions;
+  }
 
-XMPlMetaDataDigFilm separationOf(const StoredNode& item) {
-  XMPlMetaDataDigFilm separation;
-  separation.dimdata = dimensionsOf(item.field("vxDigFilmMetaData:dimdata"));
-  separation.ink = inkOf(item.field("vxDigFilmMetaData:ink"));
-  separation.screens = itemsOf(item.field("vxDigFilmMetaData:screens"), screenOf);
-  separation.uRefs = itemsOf(item.field("vxDigFilmMetaData:uRefs"), referenceOf);
-  return separation;
-}
+  // Fewer fields than in the list of film inks, and one under another name.
+  XMPlInkDigFilm inkOf(const StoredNode* structure) {
+    constexpr std::string_view kFields[] = {"name", "type", "attribute", "r", "g", "b", "opacity"};
+    XMPlInkDigFilm ink;
+    if (structure == nullptr) return ink;
+    const Type& type = typeOf<XMPlInkDigFilm>();
+    for (const std::string_view name : kFields) {
+      fillField(type, &ink, *type.field(name), structure->field("vxInk:" + std::string(name)));
+    }
+    fillField(type, &ink, *type.field("inknrsoriginal"), structure->field("vxInk:nrinksoriginal"));
+    return ink;
+  }
+
+  XMPlScreen screenOf(const StoredNode& item) {
+    XMPlScreen screen;
+    const StoredNode* structure = structureIn(item, "vxDigFilmMetaData:screen");
+    screen.hasScreening = structure != nullptr && structure->field("vxScreen:frequency") != nullptr;
+    fill(screen, structure, "vxScreen:");
+    return screen;
+  }
+
+  XMPlUsedRef referenceOf(const StoredNode& item) {
+    XMPlUsedRef reference;
+    fill(reference, structureIn(item, "vxDigFilmMetaData:uRef"), "vxUsedF:");
+    return reference;
+  }
+
+  XMPlMetaDataDigFilm separationOf(const StoredNode& item) {
+    XMPlMetaDataDigFilm separation;
+    separation.dimdata = dimensionsOf(structureIn(item, "vxDigFilmMetaData:dimdata"));
+    separation.ink = inkOf(structureIn(item, "vxDigFilmMetaData:ink"));
+    separation.screens =
+        itemsOf(listIn(item, "vxDigFilmMetaData:screens"), &SeparationReader::screenOf);
+    separation.uRefs =
+        itemsOf(listIn(item, "vxDigFilmMetaData:uRefs"), &SeparationReader::referenceOf);
+    return separation;
+  }
+
+  ReadNodes& read_;
+};
 
 struct StoredText {
   std::string_view property;
@@ -152,7 +193,7 @@ std::optional<XMPlMMData> Reading::mmData() {
 std::optional<std::vector<XMPlMetaDataDigFilm>> Reading::filmMetadata() {
   const StoredNode* list = stored().property("vxDigFilmMetaDataList:metadataList");
   if (list == nullptr) return std::nullopt;
-  return itemsOf(list, separationOf);
+  return SeparationReader(separations_).separations(list);
 }
 
 }  // namespace vxmeta

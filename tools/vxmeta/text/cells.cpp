@@ -16,12 +16,6 @@ bool isColourPart(const Field& field) {
   return std::find(kColour.begin(), kColour.end(), field.name) != kColour.end();
 }
 
-bool isValid(const View& record, const Field& field) {
-  if (!field.validWith.empty()) return record.field(field.validWith).truth();
-  if (!field.validWithout.empty()) return !record.field(field.validWithout).truth();
-  return true;
-}
-
 bool isUnknown(const View& value, const Field& field) {
   return field.unknown && value.isNumber() && value.number() == *field.unknown;
 }
@@ -112,12 +106,6 @@ std::string shortOf(const View& value) {
       shown += fmt::format("{}{} {}", shown.empty() ? "" : " · ", field.name, text);
   }
   return shown;
-}
-
-bool isFlag(const Type& record, const Field& field) {
-  return std::any_of(record.fields.begin(), record.fields.end(), [&](const Field& other) {
-    return other.validWith == field.name || other.validWithout == field.name;
-  });
 }
 
 bool hasColour(const Type& record) {

@@ -26,9 +26,6 @@ std::string shownWithUnit(const View& record, const Field& field);
 // "" for an empty text.
 std::string shortOf(const View& value);
 
-// Whether the field only says whether others are valid: their blanks say so where people read.
-bool isFlag(const Type& record, const Field& field);
-
 // How display colours of a list are to be read: its application writes 0 to 1, or 0 to 255.
 double colourScale(const View& inks);
 

@@ -5,6 +5,7 @@
 
 #include <algorithm>
 
+#include "model/unread.h"
 #include "text/cells.h"
 
 namespace vxmeta {
@@ -131,35 +132,57 @@ std::string foreignLine(const Document& document, const Screen& screen) {
   return line.end();
 }
 
-// The library names the field that the next item lacks ("vxFont:type"), or says what the error is.
-std::string reasonOf(const UnreadPart& part) {
+// A reason that is a name ("vxFont:type") says what is missing; any other is a sentence.
+std::string reasonOf(const UnreadPart& part, std::string_view lack) {
   const std::string reason = part.reason.value_or("");
   const bool isField =
       reason.find(':') != std::string::npos && reason.find(' ') == std::string::npos;
-  return isField ? "the next lacks " + reason : reason;
+  return isField ? fmt::format("{} {}", lack, reason) : reason;
 }
 
 std::string sentenceOf(const UnreadPart& part) {
+  const std::string item = part.item ? fmt::format("[{}]", *part.item) : "";
   if (part.field) {
-    const std::string item = part.item ? fmt::format("[{}]", *part.item) : "";
     return fmt::format("{}{} holds {}, which no record has", part.list, item, *part.field);
   }
-  if (part.stored == 0) return fmt::format("{} cannot be read: {}", part.list, reasonOf(part));
+  if (part.item || part.stored == 0) {
+    return fmt::format("{}{} cannot be read: {}", part.list, item, reasonOf(part, "it lacks"));
+  }
   return fmt::format("{}: {} of {} read, {}", part.list, part.read.value_or(0),
-                     part.stored.value_or(0), reasonOf(part));
+                     part.stored.value_or(0), reasonOf(part, "the next lacks"));
+}
+
+// What is not read of one record for one reason: all in one sentence.
+std::vector<std::string> sentencesOf(const std::vector<UnreadPart>& parts) {
+  std::vector<std::string> sentences;
+  for (std::size_t i = 0; i < parts.size();) {
+    if (isOfList(parts[i])) {
+      sentences.push_back(sentenceOf(parts[i++]));
+      continue;
+    }
+    const UnreadPart& first = parts[i];
+    std::string names;
+    for (; i < parts.size() && parts[i].list == first.list && parts[i].reason == first.reason;
+         ++i) {
+      names += (names.empty() ? "" : ", ") + storedPath(parts[i]);
+    }
+    sentences.push_back(
+        fmt::format("{} holds {}, not read: {}", first.list, names, reasonOf(first, "it lacks")));
+  }
+  return sentences;
 }
 
 std::string unreadLines(const Document& document, const Screen& screen) {
   constexpr std::size_t kMost = 8;
+  const std::vector<std::string> sentences = sentencesOf(document.unread);
   std::string text;
-  for (std::size_t i = 0; i < document.unread.size() && i < kMost; ++i) {
+  for (std::size_t i = 0; i < sentences.size() && i < kMost; ++i) {
     Line line = labelled(screen, i == 0 ? "unread" : "");
-    text += line.add(Style::warning, visible(sentenceOf(document.unread[i]))).end();
+    text += line.add(Style::warning, visible(sentences[i])).end();
   }
-  if (document.unread.size() <= kMost) return text;
+  if (sentences.size() <= kMost) return text;
   Line line = labelled(screen, "");
-  line.add(Style::warning,
-           fmt::format("and {} more: show -s unread", document.unread.size() - kMost));
+  line.add(Style::warning, fmt::format("and {} more: show -s unread", sentences.size() - kMost));
   return text + line.end();
 }
 
