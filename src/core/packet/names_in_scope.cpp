@@ -138,7 +138,8 @@ ScopedPrefix& NamesInScope::prefixNamed(std::string_view text) {
 
 void NamesInScope::declare(const ScopedName& declaration, const char* uri) {
   ScopedPrefix& prefix = *declaration.prefix;
-  if (prefix.uri != uri) bind(prefix, uri);
+  const bool isBound = !prefix.uri.empty() && prefix.uri == uri;  // an empty URI binds nothing
+  if (!isBound) bind(prefix, uri);
   declared_.push_back(&prefix);
   ++prefix.declarations;
 }

@@ -56,10 +56,21 @@ TEST_F(PlainReader, TakesWhatRealPacketsHold) {
 // Where namespaces are heeded, names are not what they are without.
 TEST_F(PlainReader, LeavesNamesThatNamespacesForbidToTheToolkit) {
   const char* const kProperties[] = {
-      "<vxGr:1/>",  "<vxGr:-a/>",           "<vxGr:/>",        "<vxGr:a vxGr:2='v'/>",
-      "<:a/>",      "<a xmlns:1='u:1'/>",   "<vxGr:\u0301/>",  "<vxGr:a:b/>",
-      "<?a:b c?>",  "<vxGr:a b='v'/>",      "<vxGr:\u00b7a/>", "<a xmlns:a:b='u:1'/>",
-      "<vxGr:a:/>", "<a xmlns:xmlns='u'/>", "<a xmlns:a=''/>",
+      "<vxGr:1/>",
+      "<vxGr:-a/>",
+      "<vxGr:/>",
+      "<vxGr:a vxGr:2='v'/>",
+      "<:a/>",
+      "<vxGr:a xmlns:1='u:1'/>",
+      "<vxGr:\u0301/>",
+      "<vxGr:a:b/>",
+      "<?a:b c?>",
+      "<vxGr:a b='v'/>",
+      "<vxGr:\u00b7a/>",
+      "<vxGr:a xmlns:a:b='u:1'/>",
+      "<vxGr:a:/>",
+      "<vxGr:a xmlns:xmlns='u'/>",
+      "<vxGr:a xmlns:a=''/>",
   };
   for (const char* properties : kProperties) {
     const Readings readings(packet(properties));
