@@ -11,41 +11,12 @@
 #include "model/json.h"
 #include "model/read_document.h"
 #include "support/kinds.h"
+#include "support/packets.h"
 #include "support/program.h"
 #include "text/pages.h"
 
 namespace vxmeta {
 namespace {
-
-constexpr const char* kNames[][2] = {
-    {"vxGr", "grinfo"},
-    {"vxInk", "inkinfo"},
-    {"vxInkCovL", "inkcovlist"},
-    {"vxInkCov", "inkcov"},
-    {"vxPrF", "prodfile"},
-    {"vxJob", "jobinfo"},
-    {"vxCadReg", "cadreg"},
-    {"vxSmartID", "smartid"},
-    {"vxDigFilm", "digfilmversion"},
-    {"vxDigFilmMetaDataList", "digfilmmetadatalist"},
-    {"vxDigFilmMetaData", "digfilmmetadata"},
-};
-
-// A packet with the properties.
-std::string packetOf(const std::string& properties) {
-  std::string text =
-      "<rdf:RDF xmlns:rdf='http://www.w3.org/1999/02/22-rdf-syntax-ns#'><rdf:Description "
-      "rdf:about='' xmlns:dc='http://purl.org/dc/elements/1.1/' "
-      "xmlns:pdf='http://ns.adobe.com/pdf/1.3/' xmlns:xmpMM='http://ns.adobe.com/xap/1.0/mm/' "
-      "xmlns:xmpBJ='http://ns.adobe.com/xap/1.0/bj/' "
-      "xmlns:stLoc='http://ns.adobe.com/xap/1.0/sType/Location#' "
-      "xmlns:stRef='http://ns.adobe.com/xap/1.0/sType/ResourceRef#' "
-      "xmlns:stVer='http://ns.adobe.com/xap/1.0/sType/Version#'";
-  for (const auto& [prefix, path] : kNames) {
-    text += std::string(" xmlns:") + prefix + "='http://ns.orvo.example/xmp/" + path + "/1.0/'";
-  }
-  return text + ">" + properties + "</rdf:Description></rdf:RDF>";
-}
 
 std::string structure(const std::string& name, const std::string& fields) {
   return "<" + name + " rdf:parseType='Resource'>" + fields + "</" + name + ">";
@@ -137,7 +108,7 @@ TEST(Unread, NamesWhatIsStoredInPart) {
        "vxDigFilmMetaData:dimdata/vxGr:margbot ()\n"},
   };
   for (const Case& one : cases) {
-    const Document document = readOf(packetOf(one.properties));
+    const Document document = readOf(packet(one.properties));
     EXPECT_EQ(shortOf(document.unread), one.unread) << one.properties;
     const std::string page = summaryOf(document, {});
     EXPECT_NE(page.find("unread"), std::string::npos) << page;
@@ -159,7 +130,7 @@ TEST(Unread, IsSilentWhereAllIsRead) {
   xmp.SetColorSpace({"Untagged", "", ""});
   xmp.SetMetaDataDigFilms({{}, {}});
   EXPECT_EQ(shortOf(readDocument(xmp, {}).unread), "");
-  EXPECT_TRUE(readOf(packetOf("<vxGr:colorprofloc>Untagged</vxGr:colorprofloc>")).colorSpace);
+  EXPECT_TRUE(readOf(packet("<vxGr:colorprofloc>Untagged</vxGr:colorprofloc>")).colorSpace);
 }
 
 TEST(Unread, HasListsThatAreNotReadBesideOthers) {
@@ -290,7 +261,7 @@ TEST(Unread, ShowsEveryStoredValueOfADamagedPacket) {
 
 TEST(Diff, SeesWhatIsNotRead) {
   const auto file = [](const char* name, const std::string& properties) {
-    return scratchFile(name, packetOf(properties));
+    return scratchFile(name, packet(properties));
   };
   const std::string bare = file("bare.xmp", "");
   const std::string one =
