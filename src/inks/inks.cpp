@@ -111,6 +111,7 @@ void xmpl::findUnreadInks(const Metadata& metadata, Unread& unread) {
   const auto write = [](const ItemWriter& item, const XMPlInk& ink) { writeInk(item, ink, true); };
   inksAudit.noteFields(
       kInks.kind, [&](const ArrayWriter& array) { writeItems(array, write, inks); }, unread);
+  coverageAudit.read([](const ArrayReader& array) { array.item(1); });  // a text is no list
   coverageAudit.noteItems(std::min(inks.size(), coverageAudit.size()), unread, "no such ink");
   coverageAudit.noteFields(
       kCoverage.kind, [&](const ArrayWriter& array) { writeItems(array, writeCoverage, inks); },

@@ -248,6 +248,9 @@ TEST(PacketChecks, SayWhatIsLost) {
   EXPECT_EQ(toldOf(element("vxLayL:layers", "Artwork")),
             "layers is stored as a text, not as a list: nothing of it is read, and the next "
             "program that writes the list deletes it");
+  EXPECT_EQ(toldOf(twoInks() + element("vxInkCovL:coverage", "12.5")),
+            "coverage of inks is stored as a text, not as a list: nothing of it is read, and the "
+            "next program that writes the list deletes it");
 }
 
 TEST(PacketChecks, SayValuesAsTheyAreStored) {

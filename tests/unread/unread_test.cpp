@@ -60,10 +60,20 @@ TEST(Unread, NamesTheErrorThatStoppedAGet) {
   const std::string bad = elements("vxFont:", "name type location fontfile protection=perhaps");
   EXPECT_EQ(itemsText(Loaded(list("vxFontL:fonts", "Bag", {kWholeFont, bad}))),
             "vxFontL:fonts: 1 of 2, Invalid Boolean string\n");
-  EXPECT_EQ(itemsText(Loaded("<vxFontL:fonts>none</vxFontL:fonts>")),
-            "vxFontL:fonts: 0 of 0, Indexing applied to non-array\n");
   EXPECT_EQ(itemsText(Loaded(list("vxDGCL:dgcs", "Bag", {elements("vxDGC:", "name values=1")}))),
             "vxDGCL:dgcs: 0 of 1, DGC values: no blank behind the last number\n");
+}
+
+TEST(Unread, ATextInPlaceOfAList) {
+  for (const std::string path :
+       {"vxGr:inks", "vxInkCovL:coverage", "vxGr:inkproperties", "vxDigFilmRefs:files",
+        "vxDGCL:dgcs", "vxUsedFL:files", "vxScreenC:screenContainer", "vxScreenL:screens",
+        "vxSrLayout:repeats", "vxPagL:pagelist", "vxBarcL:barcodes", "vxFontL:fonts",
+        "vxCadL:files", "vxExtFL2:files", "vxExtFL:files", "vxLayL:layers",
+        "vxSmNameL:smartnames"}) {
+    EXPECT_EQ(itemsText(Loaded("<" + path + ">none</" + path + ">")),
+              path + ": 0 of 0, Indexing applied to non-array\n");
+  }
 }
 
 TEST(Unread, OptionalFieldsAreNoGap) {

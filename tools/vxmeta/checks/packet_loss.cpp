@@ -81,11 +81,12 @@ const char* formInPlaceOf(const StoredProperties& stored, const std::string& lis
   return node->text.empty() ? nullptr : "a text";
 }
 
-void tellNoList(const char* form, const std::string& path, Findings& found) {
+void tellNoList(const char* form, const std::string& list, const std::string& path,
+                Findings& found) {
   found.add(path,
             fmt::format("{} is stored as {}, not as a list: nothing of it is read, and the next "
                         "program that writes the list deletes it",
-                        path, form),
+                        wordsForList(list, path), form),
             "write the list anew from its source, or look whether another program needs it");
 }
 
@@ -101,7 +102,7 @@ void checkHidden(const Subject& subject, Findings& found) {
     if (isReplaced(stored, row.list)) continue;
     const std::string path = pathOf(row, subject.packet);
     const char* form = row.stored == 0 ? formInPlaceOf(stored, row.list) : nullptr;
-    if (form != nullptr) tellNoList(form, path, found);
+    if (form != nullptr) tellNoList(form, row.list, path, found);
     if (row.stored > 0 && hidesItems(stored, row)) tellHiddenItems(row, path, found);
   }
 }

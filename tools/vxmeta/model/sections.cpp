@@ -177,4 +177,8 @@ std::string pathOfList(const std::string& storedList) {
   return std::string(section) + index;
 }
 
+std::string wordsForList(std::string_view storedList, std::string_view path) {
+  return (storedList == "vxInkCovL:coverage" ? "coverage of " : "") + std::string(path);
+}
+
 }  // namespace vxmeta

@@ -45,4 +45,7 @@ bool isBeside(std::string_view storedProperty);
 // as paths of a document go ("screens[1]"); itself where it is in no section.
 std::string pathOfList(const std::string& storedList);
 
+// What sentences call it: its path, but for coverage, which shares that of the inks.
+std::string wordsForList(std::string_view storedList, std::string_view path);
+
 }  // namespace vxmeta

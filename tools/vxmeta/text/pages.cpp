@@ -5,6 +5,7 @@
 
 #include <algorithm>
 
+#include "model/sections.h"
 #include "model/unread.h"
 #include "text/cells.h"
 
@@ -141,15 +142,16 @@ std::string reasonOf(const UnreadPart& part, std::string_view lack) {
 }
 
 std::string sentenceOf(const UnreadPart& part) {
+  const std::string list = wordsForList(part.property, part.list);
   const std::string item = part.item ? fmt::format("[{}]", *part.item) : "";
   if (part.field) {
-    return fmt::format("{}{} holds {}, which no record has", part.list, item, *part.field);
+    return fmt::format("{}{} holds {}, which no record has", list, item, *part.field);
   }
   if (part.item || part.stored == 0) {
-    return fmt::format("{}{} cannot be read: {}", part.list, item, reasonOf(part, "it lacks"));
+    return fmt::format("{}{} cannot be read: {}", list, item, reasonOf(part, "it lacks"));
   }
-  return fmt::format("{}: {} of {} read, {}", part.list, part.read.value_or(0),
-                     part.stored.value_or(0), reasonOf(part, "the next lacks"));
+  return fmt::format("{}: {} of {} read, {}", list, part.read.value_or(0), part.stored.value_or(0),
+                     reasonOf(part, "the next lacks"));
 }
 
 // What is not read of one record for one reason: all in one sentence.
