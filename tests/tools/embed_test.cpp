@@ -87,6 +87,33 @@ TEST(EmbedIntoText, ADryRunPrintsTheDifference) {
   EXPECT_EQ(contentOf(file), kOld);
 }
 
+TEST(EmbedIntoText, ADryRunIsRefusedLikeTheWrite) {
+  Pdf pdf = document();
+  pdf.catalogue = "/Perms<</DocMDP 6 0 R>>";
+  pdf.objects = {"<</Type/Sig/ByteRange[0 1 2 3]/Contents<00>>>"};
+  const std::string readOnly = scratchFile("readonly.xmp", kOld);
+  fs::permissions(readOnly, fs::perms::owner_read);
+  struct Refusal {
+    std::string file, options;
+  };
+  for (const Refusal& refusal :
+       {Refusal{scratchFile("signed.pdf", pdf.text()), ""},
+        Refusal{scratchFile("text.xmp", kOld), "--how append"},
+        Refusal{throughQpdf(document().text(), "--encrypt o o 256 --"), "--how append"},
+        Refusal{readOnly, ""}}) {
+    const std::string before = contentOf(refusal.file);
+    const Outcome real = embed(refusal.file, refusal.options);
+    const Outcome dry = embed(refusal.file, "--dry-run " + refusal.options);
+    EXPECT_EQ(real.code, 2) << refusal.file;
+    EXPECT_EQ(dry.code, 2) << refusal.file;
+    EXPECT_EQ(dry.err, real.err);
+    EXPECT_EQ(contentOf(refusal.file), before);
+  }
+  const Outcome set = runTool("set --dry-run " + readOnly + " job.orderid=7");
+  EXPECT_NE(set.out.find("job"), std::string::npos) << set.out;
+  expectRefusal(set, "is read-only");
+}
+
 // --- A packet in the place of another -----------------------------------------------------------
 
 TEST(PacketInPlace, KeepsTheWrapperAndItsLength) {

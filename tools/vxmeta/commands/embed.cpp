@@ -53,6 +53,10 @@ void showDifference(const Options& options, const std::string& packet, Outcome& 
 void write(const Options& options, const std::string& packet, Outcome& outcome) {
   WriteOptions chosen = options.outputs.options;
   chosen.read = options.inputs.options;
+  if (options.outputs.isDryRun) {
+    showDifference(options, packet, outcome);
+    return requireWritableText(options.file, packet, chosen);
+  }
   say(writePacketText(options.file, packet, chosen), options.file, options.outputs, outcome);
 }
 
@@ -62,8 +66,7 @@ Outcome embedded(const Options& options) {
   try {
     const std::string packet = newPacket(read);
     read = options.file;
-    options.outputs.isDryRun ? showDifference(options, packet, outcome)
-                             : write(options, packet, outcome);
+    write(options, packet, outcome);
   } catch (const std::exception& error) {
     fail(outcome, read, error.what());
   }

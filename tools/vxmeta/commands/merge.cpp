@@ -43,7 +43,6 @@ void write(Target& target, const Merging& merging, const Options& options, Outco
   if (!losses.empty() && !options.outputs.options.force) throw LossError(losses);
   if (!losses.empty()) addNotes(target.name, {"lost: " + losses}, outcome);
   summarise(target, merging, options.outputs, outcome);
-  if (options.outputs.isDryRun) return;
   if (merging.isChanged) return writeTarget(target, options.inputs, options.outputs, outcome);
   copyTarget(target, options.inputs, options.outputs, outcome);
 }

@@ -105,28 +105,26 @@ void writeEdit(const Edit& edit, Target& target, const Inputs& inputs, const Out
                Outcome& outcome) {
   const Writing writing = writeDocument(edit, outputs.options.force, target.xmp);
   addNotes(target.name, writing.notes, outcome);
-  if (outputs.isDryRun) {
-    outcome.out += changesText(edit.before, writing.result);
-  } else if (writing.written.empty()) {
-    copyTarget(target, inputs, outputs, outcome);
-  } else {
-    writeTarget(target, inputs, outputs, outcome);
-  }
+  if (outputs.isDryRun) outcome.out += changesText(edit.before, writing.result);
+  if (writing.written.empty()) return copyTarget(target, inputs, outputs, outcome);
+  writeTarget(target, inputs, outputs, outcome);
 }
 
 void copyTarget(Target& target, const Inputs& inputs, const Outputs& outputs, Outcome& outcome) {
   if (!target.hasPacket) return writeTarget(target, inputs, outputs, outcome);
   const WriteOptions options = optionsFor(target, inputs, outputs);
   if (options.out.empty()) {
-    outcome.out += fmt::format("{}: nothing to change\n", visible(target.name));
+    if (!outputs.isDryRun) outcome.out += visible(target.name) + ": nothing to change\n";
     return;
   }
+  if (outputs.isDryRun) return requireWritableText(pathOf(target), target.packet.text, options);
   say(writePacketText(pathOf(target), target.packet.text, options), target.name, outputs, outcome);
 }
 
 void writeTarget(Target& target, const Inputs& inputs, const Outputs& outputs, Outcome& outcome) {
   if (outputs.isStamped) stamp(target.xmp);
   const WriteOptions options = optionsFor(target, inputs, outputs);
+  if (outputs.isDryRun) return requireWritable(pathOf(target), target.xmp, options);
   say(writePacket(pathOf(target), target.xmp, options), target.name, outputs, outcome);
 }
 

@@ -46,11 +46,13 @@ void addNotes(const std::string& file, const std::vector<std::string>& notes, Ou
 // The changes as `diff` prints them.
 std::string changesText(const Document& before, const Document& after);
 
-// Writes what the edit has changed, or says what would be. Throws FileError, EditError, LossError.
+// Writes what the edit has changed; in a dry run says what would be. Throws FileError, EditError,
+// LossError.
 void writeEdit(const Edit& edit, Target& target, const Inputs& inputs, const Outputs& outputs,
                Outcome& outcome);
 
-// Stamps the handle, when asked to, and writes it to where the options say. Throws FileError.
+// Stamps the handle, when asked to, and writes it to where the options say. A dry run writes
+// nothing, and throws all the same where the write would be refused. Throws FileError.
 void writeTarget(Target& target, const Inputs& inputs, const Outputs& outputs, Outcome& outcome);
 
 // Where nothing has changed: writes the file as it was read, if it goes to another place, or with

@@ -22,13 +22,19 @@ Written writeText(const std::string& packet, const std::string& to) {
   return {"written", {}};
 }
 
+void requireKind(const FileKind& kind, const WriteOptions& options) {
+  if (kind.family == FileKind::pdf) return;
+  if (options.how) throw FileError("is no PDF; --how is for PDFs");
+  if (kind.family == FileKind::artwork || kind.family == FileKind::packet) return;
+  throw FileError("is no XMP packet, PDF, TIFF, JPEG, PSD, EPS, INDD, GIF or PNG; is not written");
+}
+
 Written writeNew(const InputFile& file, const FileKind& kind, const std::string& packet,
                  const WriteOptions& options, const std::string& to) {
+  requireKind(kind, options);
   if (kind.family == FileKind::pdf) return writePdf(file, packet, options, to);
-  if (options.how) throw FileError("is no PDF; --how is for PDFs");
   if (kind.family == FileKind::artwork) return writeArtwork(file, kind, packet, to);
-  if (kind.family == FileKind::packet) return writeText(packet, to);
-  throw FileError("is no XMP packet, PDF, TIFF, JPEG, PSD, EPS, INDD, GIF or PNG; is not written");
+  return writeText(packet, to);
 }
 
 // Text goes on in a pipe; another file is read there, and needs a name for what it becomes.
@@ -51,16 +57,35 @@ auto onOutput(const WriteOptions& options, const Work& work) {
   }
 }
 
-Written write(const std::string& file, const InputFile& opened, const std::string& packet,
-              const WriteOptions& options) {
+// A write that can be begun.
+struct Order {
+  FileKind kind;
+  std::string target;
+  ReplaceOptions replace;
+};
+
+Order orderFor(const std::string& file, const InputFile& opened, const std::string& packet,
+               const WriteOptions& options) {
   if (options.read.object) throw FileError("only the document's own packet is written");
   if (packet.size() > kMostPacketBytes) throw FileError("the packet is over 256 MiB");
   const FileKind kind = fileKind(opened.head());
-  const std::string target = targetOf(file, kind, options);
-  const ReplaceOptions replace = {options.force, options.backup};
+  return {kind, targetOf(file, kind, options), {options.force, options.backup}};
+}
+
+void require(const std::string& file, const InputFile& opened, const std::string& packet,
+             const WriteOptions& options) {
+  const Order order = orderFor(file, opened, packet, options);
+  onOutput(options, [&] { requireReplaceable(order.target, order.replace); });
+  requireKind(order.kind, options);
+  if (order.kind.family == FileKind::pdf) requireWritablePdf(opened, packet, options);
+}
+
+Written write(const std::string& file, const InputFile& opened, const std::string& packet,
+              const WriteOptions& options) {
+  const Order order = orderFor(file, opened, packet, options);
   const auto replacement =
-      onOutput(options, [&] { return std::make_unique<Replacement>(target, replace); });
-  Written written = writeNew(opened, kind, packet, options, replacement->path());
+      onOutput(options, [&] { return std::make_unique<Replacement>(order.target, order.replace); });
+  Written written = writeNew(opened, order.kind, packet, options, replacement->path());
   const std::vector<std::string> notes = onOutput(options, [&] { return replacement->commit(); });
   written.notes.insert(written.notes.end(), notes.begin(), notes.end());
   return written;
@@ -91,6 +116,16 @@ Written writePacket(const std::string& file, const XMPlib& xmp, const WriteOptio
 Written writePacketText(const std::string& file, const std::string& packet,
                         const WriteOptions& options) {
   return write(file, InputFile(file), packet, options);
+}
+
+void requireWritable(const std::string& file, const XMPlib& xmp, const WriteOptions& options) {
+  const InputFile opened(file);
+  require(file, opened, packetFor(opened, xmp, options.read), options);
+}
+
+void requireWritableText(const std::string& file, const std::string& packet,
+                         const WriteOptions& options) {
+  require(file, InputFile(file), packet, options);
 }
 
 }  // namespace vxmeta

@@ -38,4 +38,10 @@ Written writePacket(const std::string& file, const XMPlib& xmp, const WriteOptio
 Written writePacketText(const std::string& file, const std::string& packet,
                         const WriteOptions& options);
 
+// Throw the FileError with which the two would refuse before they write: what is signed, protected,
+// damaged or read-only, and ways that cannot be gone.
+void requireWritable(const std::string& file, const XMPlib& xmp, const WriteOptions& options);
+void requireWritableText(const std::string& file, const std::string& packet,
+                         const WriteOptions& options);
+
 }  // namespace vxmeta

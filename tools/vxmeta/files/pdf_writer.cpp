@@ -110,6 +110,25 @@ How wayFor(const PdfSource& source, const State& state, const std::optional<Spli
   return isLarge && !state.isEncrypted ? How::append : How::rewrite;
 }
 
+struct Plan {
+  How how = How::rewrite;
+  std::optional<Splice> splice;
+};
+
+Plan planFor(const PdfSource& source, const std::string& packet, const WriteOptions& options) {
+  const State state = stateOf(source.pdf);
+  requireAllowed(state, options);
+  std::optional<Splice> splice = spliceFor(source, packet);
+  const How how = options.how ? *options.how : wayFor(source, state, splice);
+  requirePossible(how, state);
+  if (how == How::splice && !splice) {
+    throw FileError(
+        "cannot be spliced: its metadata is missing, compressed, encrypted or has too little "
+        "padding; use --how append or rewrite");
+  }
+  return {how, std::move(splice)};
+}
+
 // What was written, and how it is to be read again.
 struct Made {
   Written written;
@@ -117,29 +136,20 @@ struct Made {
   Renumbered names;
 };
 
-Made make(const PdfSource& source, const std::string& packet, const WriteOptions& options,
+Made make(const PdfSource& source, const std::string& packet, const Plan& plan,
           const std::string& to) {
-  const State state = stateOf(source.pdf);
-  requireAllowed(state, options);
-  const std::optional<Splice> splice = spliceFor(source, packet);
-  const How how = options.how ? *options.how : wayFor(source, state, splice);
-  requirePossible(how, state);
-  if (how == How::rewrite) {
+  if (plan.how == How::rewrite) {
     Renumbered names = rewritePdf(source, packet, to);
     return {{"written anew", {}}, packet, std::move(names)};
   }
-  if (how == How::append) {
+  if (plan.how == How::append) {
     const std::string bytes = std::to_string(appendToPdf(source, packet, to));
     return {{"appended an update of " + bytes + " bytes", {}}, packet, {}};
   }
-  if (!splice) {
-    throw FileError(
-        "cannot be spliced: its metadata is missing, compressed, encrypted or has too little "
-        "padding; use --how append or rewrite");
-  }
-  splicePdf(source, splice->offset, splice->bytes, to);
-  const std::string bytes = std::to_string(splice->bytes.size());
-  return {{"spliced " + bytes + " bytes in place", {}}, splice->bytes, {}};
+  const Splice& splice = *plan.splice;
+  splicePdf(source, splice.offset, splice.bytes, to);
+  const std::string bytes = std::to_string(splice.bytes.size());
+  return {{"spliced " + bytes + " bytes in place", {}}, splice.bytes, {}};
 }
 
 // --- Reading it again ---------------------------------------------------------------------------
@@ -176,11 +186,20 @@ std::uint64_t headerIn(const InputFile& file) {
 
 }  // namespace
 
+void requireWritablePdf(const InputFile& file, const std::string& packet,
+                        const WriteOptions& options) {
+  const auto pdf = openPdf(file, options.read.password);
+  withPdfErrors([&] { planFor({file, *pdf, headerIn(file)}, packet, options); });
+}
+
 Written writePdf(const InputFile& file, const std::string& packet, const WriteOptions& options,
                  const std::string& to) {
   const auto pdf = openPdf(file, options.read.password);
   Made made;
-  withPdfErrors([&] { made = make({file, *pdf, headerIn(file)}, packet, options, to); });
+  withPdfErrors([&] {
+    const PdfSource source = {file, *pdf, headerIn(file)};
+    made = make(source, packet, planFor(source, packet, options), to);
+  });
   requireWritten(file, to, made, options);
   return made.written;
 }

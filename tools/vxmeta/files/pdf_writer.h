@@ -16,6 +16,10 @@ constexpr std::uint64_t kMostCompared = std::uint64_t{64} << 20;
 // From this size on an update is appended, where nothing else is asked for.
 constexpr std::uint64_t kMostRewritten = std::uint64_t{64} << 20;
 
+// Throws the FileError with which writePdf would refuse before it writes.
+void requireWritablePdf(const InputFile& file, const std::string& packet,
+                        const WriteOptions& options);
+
 // Writes the PDF with another packet as a new file, and reads that again. Throws FileError.
 Written writePdf(const InputFile& file, const std::string& packet, const WriteOptions& options,
                  const std::string& to);

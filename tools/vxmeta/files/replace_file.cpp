@@ -73,6 +73,21 @@ bool handOn(const struct stat& old, const std::string& from, const std::string& 
   return isOwned;
 }
 
+void refuseUnsafe(const std::string& target, const struct stat& old, bool force) {
+  if (S_ISDIR(old.st_mode)) throw FileError("is a directory; name a file in it");
+  if (!S_ISREG(old.st_mode)) {
+    throw FileError("is a pipe or a device, which is not written; -o - is standard output");
+  }
+  constexpr mode_t kAnyWrite = S_IWUSR | S_IWGRP | S_IWOTH;
+  if ((old.st_mode & kAnyWrite) == 0 || ::access(target.c_str(), W_OK) != 0) {
+    throw FileError("is read-only; make it writable, or name another file with -o");
+  }
+  if (old.st_nlink > 1 && !force) {
+    throw FileError("has " + std::to_string(old.st_nlink) +
+                    " hard links, which would part; --force overwrites it in place");
+  }
+}
+
 void syncPath(const std::string& path) { OpenFile(path, O_RDONLY).sync(); }
 
 void copyToStdout(const std::string& path) {
@@ -98,6 +113,13 @@ void makeRoom(const OpenFile& file, off_t now, off_t then) {
 
 }  // namespace
 
+void requireReplaceable(const std::string& target, const ReplaceOptions& options) {
+  if (target == "-") return;
+  const std::string path = followed(target);
+  const std::optional<struct stat> old = statusOf(path);
+  if (old) refuseUnsafe(path, *old, options.force);
+}
+
 Replacement::Replacement(const std::string& target, const ReplaceOptions& options)
     : options_(options) {
   HeldSignals::check();
@@ -108,7 +130,7 @@ Replacement::Replacement(const std::string& target, const ReplaceOptions& option
   }
   target_ = followed(target);
   old_ = statusOf(target_);
-  refuseUnsafe();
+  if (old_) refuseUnsafe(target_, *old_, options.force);
   directory_ = newDirectoryIn(fs::path(target_).parent_path());
   new_ = fs::path(directory_) / fs::path(target_).filename();
 }
@@ -116,22 +138,6 @@ Replacement::Replacement(const std::string& target, const ReplaceOptions& option
 Replacement::~Replacement() {
   std::error_code ignored;
   fs::remove_all(directory_, ignored);
-}
-
-void Replacement::refuseUnsafe() const {
-  if (!old_) return;
-  if (S_ISDIR(old_->st_mode)) throw FileError("is a directory; name a file in it");
-  if (!S_ISREG(old_->st_mode)) {
-    throw FileError("is a pipe or a device, which is not written; -o - is standard output");
-  }
-  constexpr mode_t kAnyWrite = S_IWUSR | S_IWGRP | S_IWOTH;
-  if ((old_->st_mode & kAnyWrite) == 0 || ::access(target_.c_str(), W_OK) != 0) {
-    throw FileError("is read-only; make it writable, or name another file with -o");
-  }
-  if (isOverwritten() && !options_.force) {
-    throw FileError("has " + std::to_string(old_->st_nlink) +
-                    " hard links, which would part; --force overwrites it in place");
-  }
 }
 
 void Replacement::refuseChanged() const {

@@ -17,6 +17,10 @@ struct ReplaceOptions {
   bool backup = false;  // keep the old file as FILE~
 };
 
+// Throws FileError where `target` may not be replaced: it is no regular file, is read-only, or has
+// several hard links. "-" is standard output, which may.
+void requireReplaceable(const std::string& target, const ReplaceOptions& options);
+
 // The new file comes to be in a directory of its own beside the one that it replaces, which goes
 // with this, with all in it. The path of a symbolic link is the file that it leads to. A file that
 // is replaced hands on its permissions, owner and extended attributes; its time is that of the
@@ -24,9 +28,8 @@ struct ReplaceOptions {
 // wait while this lives.
 class Replacement {
  public:
-  // `target` is a path, or "-" for standard output. Throws FileError where it may not be replaced:
-  // what is no regular file, is read-only, has several hard links; and where nothing can be written
-  // beside it.
+  // `target` is a path, or "-" for standard output. Throws FileError where it may not be replaced,
+  // and where nothing can be written beside it.
   Replacement(const std::string& target, const ReplaceOptions& options);
   ~Replacement();
   Replacement(const Replacement&) = delete;
@@ -43,7 +46,6 @@ class Replacement {
  private:
   bool isStdout() const { return target_.empty(); }
   bool isOverwritten() const { return old_ && old_->st_nlink > 1; }
-  void refuseUnsafe() const;
   void refuseChanged() const;
   void keepBackup() const;
   void overwrite();
