@@ -105,8 +105,8 @@ need_toolkit() {
 }
 
 # What the tool vxmeta is built with.
-tool_packages=(libcli11-dev nlohmann-json3-dev libfmt-dev libqpdf-dev libexempi-dev pkg-config
-  scdoc)
+tool_packages=(libcli11-dev nlohmann-json3-dev libfmt-dev libqpdf-dev libexempi-dev
+  libutf8proc-dev pkg-config scdoc)
 
 # Everything a build needs.
 need_build_tools() {

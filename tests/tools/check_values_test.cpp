@@ -18,10 +18,11 @@ TEST(CheckValues, NamesAreOneButForCaseAndBlanks) {
   struct Pair {
     const char *capital, *small;
   };
-  for (const Pair& pair : {Pair{"PANTONE 485", "Pantone\t485"}, Pair{"ÀÖØÞ", "àöøþ"},
-                           Pair{"ĀĮĲĶĹŇŊŶŸŹŽ", "āįĳķĺňŋŷÿźž"}, Pair{"ΆΈΊΌΎΏΑΡΣΫ", "άέίόύώαρςϋ"},
-                           Pair{"ЀЏАЯҐҾӐ", "ѐџаяґҿӑ"}, Pair{"ẠỹỸ", "ạỹỹ"},
-                           Pair{" a\u00A0b\u2009c\u3000", "ab\u202Fc"}}) {
+  for (const Pair& pair :
+       {Pair{"PANTONE 485", "Pantone\t485"}, Pair{"ÀÖØÞ", "àöøþ"},
+        Pair{"ĀĮĲĶĹŇŊŶŸŹŽ", "āįĳķĺňŋŷÿźž"}, Pair{"ΆΈΊΌΎΏΑΡΣΫ", "άέίόύώαρςϋ"},
+        Pair{"ЀЏАЯҐҾӐ", "ѐџаяґҿӑ"}, Pair{"ẠỹỸ", "ạỹỹ"}, Pair{" a\u00A0b\u2009c\u3000", "ab\u202Fc"},
+        Pair{"gr\u00FCn", "GRU\u0308N"}, Pair{"STRASSE", "straße"}}) {
     EXPECT_EQ(vxmeta::folded(pair.capital), vxmeta::folded(pair.small)) << pair.capital;
   }
   for (const Pair& pair : {Pair{"×", "÷"}, Pair{"ß", "ÿ"}, Pair{"a-b", "ab"}, Pair{"ŉ", "Ŋ"},

@@ -14,12 +14,7 @@
 namespace vxmeta {
 namespace {
 
-class Text : public ::testing::Test {
- protected:
-  static void SetUpTestSuite() { startMeasuring(); }
-};
-
-TEST_F(Text, CannotSteerATerminal) {
+TEST(Text, CannotSteerATerminal) {
   const std::pair<std::string, const char*> cases[] = {
       {"plain é 墨 🎨", "plain é 墨 🎨"},
       {"\x1b[31m\x07\x7f", R"(\x1b[31m\x07\x7f)"},
@@ -35,7 +30,7 @@ TEST_F(Text, CannotSteerATerminal) {
   for (const auto& [text, shown] : cases) EXPECT_EQ(visible(text), shown);
 }
 
-TEST_F(Text, IsCutByCells) {
+TEST(Text, IsCutByCells) {
   EXPECT_EQ(cutTo("abcdef", 6), "abcdef");
   EXPECT_EQ(cutTo("abcdef", 4), "abc…");
   EXPECT_EQ(cutTo("墨墨墨", 5), "墨墨…");
@@ -44,7 +39,7 @@ TEST_F(Text, IsCutByCells) {
   EXPECT_EQ(cutTo("ab", 0), "");
 }
 
-TEST_F(Text, AlignsColumnsAndDropsBlankOnes) {
+TEST(Text, AlignsColumnsAndDropsBlankOnes) {
   const Table table{{{"name"}, {"none"}, {"pct", true}},
                     {{{"墨"}, {}, {"1.25"}}, {{"abc"}, {}, {"10"}}, {{"x"}, {}, {}}}};
   EXPECT_EQ(formatTable(table, {}, 1),
@@ -54,7 +49,7 @@ TEST_F(Text, AlignsColumnsAndDropsBlankOnes) {
             " x\n");
 }
 
-TEST_F(Text, ShortensTextsBeforeItLeavesOutColumns) {
+TEST(Text, ShortensTextsBeforeItLeavesOutColumns) {
   const Table table{{{"", true}, {"name"}, {"angle", true}, {"shape"}, {"pct %", true}},
                     {{{"0"}, {"A long name"}, {"22.5"}, {"Elliptical"}, {"12.345"}}}};
   const std::pair<std::size_t, const char*> cases[] = {
@@ -84,7 +79,7 @@ Document largeDocument() {
   return document;
 }
 
-TEST_F(Text, StaysWithinTheScreen) {
+TEST(Text, StaysWithinTheScreen) {
   const Document document = largeDocument();
   for (const std::size_t width : {1U, 7U, 40U, 79U, 132U}) {
     const Screen screen{false, width};
@@ -99,7 +94,7 @@ std::string withoutEscapes(const std::string& text) {
   return std::regex_replace(text, std::regex("\x1b\\[[0-9;]*m"), "");
 }
 
-TEST_F(Text, IsTheSameWithColoursAndWithout) {
+TEST(Text, IsTheSameWithColoursAndWithout) {
   Document document = largeDocument();
   document.inks->front().r = 0.5;
   const std::string coloured = documentInFull(document, {true, 0});
@@ -107,7 +102,7 @@ TEST_F(Text, IsTheSameWithColoursAndWithout) {
   EXPECT_EQ(withoutEscapes(coloured), documentInFull(document, {false, 0}));
 }
 
-TEST_F(Text, TakesColoursInEitherRange) {
+TEST(Text, TakesColoursInEitherRange) {
   const auto colourOf = [](double r, double other) {
     std::vector<XMPlInk> inks(2);
     inks[0].r = r;
@@ -123,7 +118,7 @@ TEST_F(Text, TakesColoursInEitherRange) {
   EXPECT_EQ(colourOf(NAN, 0), "nan 0 0");
 }
 
-TEST_F(Text, LeavesOutWhatIsNotValid) {
+TEST(Text, LeavesOutWhatIsNotValid) {
   XMPlBarcode barcode;
   barcode.hasBarWidthReduction = true;
   barcode.barWidthReduction = 0.5;

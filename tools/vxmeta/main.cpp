@@ -69,7 +69,6 @@ int run(CLI::App& app, vxmeta::Run& run, int argc, char** argv) {
 }  // namespace
 
 int main(int argc, char** argv) {
-  vxmeta::startMeasuring();
   try {
     CLI::App app("Shows, checks, compares and changes the production metadata of documents.",
                  "vxmeta");

@@ -7,8 +7,8 @@
 
 namespace vxmeta {
 
-// The name without blanks, its Latin, Greek and Cyrillic letters small, for comparison alone.
-// Letters of old or scholarly spelling stay as they are.
+// The name without case, blanks and characters that nothing shows, accents apart from their
+// letters: for comparison alone. What is no UTF-8 stays as it is.
 std::u32string folded(std::string_view name);
 
 }  // namespace vxmeta

@@ -17,4 +17,7 @@ struct Character {
 // Of a text that is not empty.
 Character firstOf(std::string_view text);
 
+// Columns that it takes in a terminal: 0, 1 or 2.
+std::size_t widthOf(const Character& character);
+
 }  // namespace vxmeta

@@ -5,9 +5,7 @@
 #include <sys/ioctl.h>
 #include <unistd.h>
 
-#include <clocale>
 #include <cstdlib>
-#include <cwchar>
 
 #include "text/characters.h"
 
@@ -29,11 +27,6 @@ std::string escaped(const Character& character) {
   if (code == '\r') return "\\r";
   return character.isValid && code > 0xFF ? fmt::format("\\u{:04x}", code)
                                           : fmt::format("\\x{:02x}", code);
-}
-
-std::size_t widthOf(const Character& character) {
-  const int width = wcwidth(static_cast<wchar_t>(character.code));
-  return width < 0 ? 1 : static_cast<std::size_t>(width);
 }
 
 const char* codeOf(Style style) {
@@ -77,8 +70,6 @@ Screen screenOf(ColourChoice choice) {
   if (isTerminal()) screen.width = terminalWidth();
   return screen;
 }
-
-void startMeasuring() { std::setlocale(LC_CTYPE, "C.UTF-8"); }
 
 std::string visible(std::string_view text) {
   std::string shown;

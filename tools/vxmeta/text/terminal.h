@@ -32,9 +32,6 @@ std::size_t widthOf(std::string_view text);
 // Visible text in at most that many cells, "…" for what does not fit.
 std::string cutTo(std::string_view text, std::size_t width);
 
-// Makes text wide and combining characters measurable. Once, before anything is measured.
-void startMeasuring();
-
 enum class Style { plain, bold, dim, warning, added, removed };
 
 // In the style, where the screen has colours.
