@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <functional>
+#include <regex>
 #include <set>
 #include <sstream>
 
@@ -122,6 +123,44 @@ TEST(PdfChecks, PageOneIsMeasuredAsItIsSeen) {
     EXPECT_EQ(findings(document.text(), "--only pdf-page-size"), Json::array()) << size.page;
     setSize(document.xmp, size.units, size.height, size.width);
     EXPECT_EQ(findings(document.text(), "--only pdf-page-size").size(), 1U) << size.page;
+  }
+}
+
+TEST(PdfChecks, TheInfoDictionaryMaySayTheSameInOtherWays) {
+  struct Case {
+    const char *title, *info;
+    Names names;
+  };
+  const Names other = {"pdf-title pdfData.title"};
+  const Case cases[] = {
+      {"Carton", "(Carton\\000)", {}},
+      {"Carton", "(Carton\\r\\n )", {}},
+      {"a\nb", "(a\\r\\nb)", {}},
+      {"Grün", "<FEFF001B00640065001B0047007200750308006E>", {}},
+      {"Grün", "<FEFF001B0064006500440045001B0047007200FC006E>", {}},
+      {"Grün", "(Grun)", other},
+      {"carton", "(Carton)", other},
+      {"a b", "(ab)", other},
+  };
+  for (const Case& one : cases) {
+    CheckedPdf document;
+    XMPlPDFData data;
+    data.title = one.title;
+    document.xmp.SetPDFData(data);
+    document.pdf.info = std::string("/Title") + one.info;
+    EXPECT_EQ(found(document.text(), "--only pdf-title"), one.names) << one.title << one.info;
+  }
+}
+
+TEST(PdfChecks, TrappedIsComparedAsATruth) {
+  for (const char* packets : {"true", "TRUE", "Unknown", "False"}) {
+    CheckedPdf document;
+    document.xmp.SetXML(std::regex_replace(document.xmp.GetXML(), std::regex("Trapped>True<"),
+                                           std::string("Trapped>") + packets + "<"));
+    const bool isOther = packets == std::string("False");
+    EXPECT_EQ(found(document.text(), "--only pdf-trapped"),
+              isOther ? Names({"pdf-trapped pdfData.trapped"}) : Names())
+        << packets;
   }
 }
 

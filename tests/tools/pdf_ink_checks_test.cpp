@@ -111,6 +111,8 @@ const Use kContents[] = {
     {"q /S cs q Q Q f", "", false, true},
     {"/S cs q /S cs Q f", "", false, false},
     {"Q /S cs Q f", "", false, false},
+    {"/S cs 0 Tr (k) Tj", "", false, false},
+    {"/S cs 1 Tr (k) Tj", "", false, true},
     {"1 0 0 0 1 1 d1 f", "", false, false},
 };
 
@@ -174,6 +176,16 @@ TEST(PdfInkChecks, AColourHoldsOverThePartsOfAPagesContent) {
     EXPECT_EQ(found(text, "--only pdf-ink-unused"),
               isSet ? Names({"pdf-ink-unused inks[0]"}) : Names());
   }
+}
+
+TEST(PdfInkChecks, AFormWithoutResourcesUsesThoseOfThePage) {
+  CheckedPdf document;
+  document.xmp.SetInks({ink("Black")}, true);
+  document.pdf.content = "/S cs /F Do";
+  document.pdf.page = "/Resources<</XObject<</F 8 0 R/M 9 0 R>>>>";
+  document.pdf.objects[2] = stream("/Subtype/Form", "/M Do");
+  document.pdf.objects[3] = stream("/Subtype/Image/ImageMask true", "");
+  EXPECT_EQ(found(document.text(), "--only pdf-ink-unused"), Names());
 }
 
 TEST(PdfInkChecks, ProcessInksMayHaveNamesOfTheirOwn) {

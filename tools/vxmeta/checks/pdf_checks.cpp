@@ -143,7 +143,7 @@ void checkLayerSpelling(const PdfFacts& pdf, const Subject& subject, Findings& f
 
 // Two statements that exist and differ.
 bool isContradiction(const std::string& a, const std::string& b) {
-  return !a.empty() && !b.empty() && a != b;
+  return !a.empty() && !b.empty() && settled(a) != settled(b);
 }
 
 void addContradiction(const char* path, const std::string& packets, const std::string& pdfs,
@@ -167,10 +167,18 @@ void checkProducer(const PdfFacts& pdf, const Subject& subject, Findings& found)
                    pdf.info.producer, found);
 }
 
+// "Unknown" says nothing.
+bool isTruth(const std::string& word) {
+  return folded(word) == folded("true") || folded(word) == folded("false");
+}
+
 void checkTrapped(const PdfFacts& pdf, const Subject& subject, Findings& found) {
   const std::string& info = pdf.info.trapped;
-  if (info != "True" && info != "False") return;
-  addContradiction("pdfData.trapped", standardPdfData(subject.stored()).trapped, info, found);
+  if (!isTruth(info)) return;
+  const std::string packets = standardPdfData(subject.stored()).trapped;
+  if (isTruth(packets) && folded(packets) != folded(info)) {
+    addContradiction("pdfData.trapped", packets, info, found);
+  }
   bool isTrapped = false;
   if (!subject.packet.GetIsTrapped(isTrapped)) return;
   addContradiction("scalars.isTrapped", isTrapped ? "True" : "False", info, found);

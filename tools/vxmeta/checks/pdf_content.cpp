@@ -25,6 +25,7 @@ enum Effect : unsigned {
   kSetsStroke = 8,
   kInProcess = 16,
   kInGray = 32,
+  kShowsText = 64,
 };
 
 struct Operator {
@@ -53,10 +54,10 @@ constexpr Operator kOperators[] = {
     {"b*", kFills | kStrokes},
     {"S", kStrokes},
     {"s", kStrokes},
-    {"Tj", kFills},
-    {"TJ", kFills},
-    {"'", kFills},
-    {"\"", kFills},
+    {"Tj", kShowsText},
+    {"TJ", kShowsText},
+    {"'", kShowsText},
+    {"\"", kShowsText},
 };
 
 unsigned effectsOf(const std::string& word) {
@@ -108,6 +109,7 @@ class Painting {
   void noteOperator(const Token& before, const std::string& word) {
     if (word == "q") ++depth_;
     if (word == "Q") restore();
+    if (word == "Tr" && isOneOf(before.getValue(), {"1", "2", "5", "6"})) textStrokes_ = true;
     apply(effectsOf(word));
     if (word == "Do" && masks_.count(before.getValue()) != 0) apply(kFills);
   }
@@ -120,6 +122,7 @@ class Painting {
   }
 
   void apply(unsigned effects) {
+    if ((effects & kShowsText) != 0) effects |= textStrokes_ ? kFills | kStrokes : kFills;
     if ((effects & kSetsFill) != 0) fill_.set(depth_);
     if ((effects & kSetsStroke) != 0) stroke_.set(depth_);
     const bool isBlack = ((effects & kFills) != 0 && fill_.isFirst()) ||
@@ -131,7 +134,8 @@ class Painting {
   const std::set<std::string>& masks_;
   ContentColours colours_;
   Colour fill_, stroke_;
-  std::size_t depth_ = 0;  // of saved states
+  bool textStrokes_ = false;  // from the first mode that strokes on
+  std::size_t depth_ = 0;     // of saved states
 };
 
 }  // namespace

@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <cmath>
 #include <qpdf/QPDF.hh>
+#include <regex>
 
 #include "checks/pdf_names.h"
 #include "checks/pdf_resources.h"
@@ -17,9 +18,15 @@ double numberOr(QPDFObjectHandle value, double otherwise) {
   return value.isNumber() ? value.getNumericValue() : otherwise;
 }
 
+// Between two escapes a text may name its language: "deDE".
+std::string withoutLanguages(const std::string& text) {
+  static const std::regex kLanguage("\x1b[A-Za-z]{2}([A-Za-z]{2})?\x1b");
+  return std::regex_replace(text, kLanguage, "");
+}
+
 std::string textOf(QPDFObjectHandle value) {
   if (value.isName()) return textOfName(value);
-  return value.isString() ? value.getUTF8Value() : "";
+  return value.isString() ? withoutLanguages(value.getUTF8Value()) : "";
 }
 
 using Rectangle = QPDFObjectHandle::Rectangle;

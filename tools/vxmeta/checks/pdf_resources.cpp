@@ -74,6 +74,7 @@ QPDFObjectHandle parameterOf(QPDFObjectHandle space) {
 
 void ResourceWalk::visit(const std::vector<PdfPage>& pages) {
   for (const PdfPage& page : pages) {
+    pageResources_ = page.resources;
     visitResources(page.resources);
     visitContent(entry(page.page, "/Contents"), page.resources);
     pushAppearances(page.page);
@@ -109,7 +110,8 @@ void ResourceWalk::visitPainters() {
   }
 }
 
-// A form, an image, a pattern, a shading, or the glyph of a font.
+// A form, an image, a pattern, a shading, or the glyph of a font. A form of old may have no
+// resources of its own, and then uses those of the page.
 void ResourceWalk::visitPainter(QPDFObjectHandle painter) {
   if (entry(painter, "/Subtype").isNameAndEquals("/Image")) return visitImage(painter);
   QPDFObjectHandle resources = entry(painter, "/Resources");
@@ -117,7 +119,8 @@ void ResourceWalk::visitPainter(QPDFObjectHandle painter) {
   visitColorSpace(entry(painter, "/ColorSpace"));
   visitColorSpace(entry(entry(painter, "/Shading"), "/ColorSpace"));
   const bool isShading = !entry(painter, "/ShadingType").isNull();
-  if (painter.isStream() && !isShading) visitContent(painter, resources);
+  if (!painter.isStream() || isShading) return;
+  visitContent(painter, resources.isNull() ? pageResources_ : resources);
 }
 
 // The data of JPEG 2000 may name the space in their place.

@@ -36,6 +36,7 @@ class ResourceWalk {
   void noteColorant(QPDFObjectHandle name);
 
   PdfFacts& facts_;
+  QPDFObjectHandle pageResources_ = QPDFObjectHandle::newNull();
   std::set<QPDFObjGen> seen_;
   std::vector<QPDFObjectHandle> painters_;  // forms, images, patterns that wait for their visit
   std::size_t contentLeft_ = std::size_t{1} << 30;  // how much more content is decoded

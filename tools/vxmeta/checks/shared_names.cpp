@@ -2,7 +2,8 @@
 #include "checks/shared_names.h"
 
 #include <fmt/format.h>
-#include <algorithm>
+#include <map>
+#include <string_view>
 
 #include "checks/folded_name.h"
 
@@ -22,15 +23,16 @@ std::set<std::u32string> foldedNames(const std::set<std::string>& names) {
 
 void tellSpelling(const std::vector<NamedRecord>& records, const std::set<std::string>& names,
                   Findings& found) {
+  std::map<std::u32string, std::string_view> spellings;
+  for (const std::string& name : names) spellings.emplace(folded(name), name);
   for (const NamedRecord& record : records) {
     if (names.contains(record.name)) continue;
-    const auto isIt = [&](const std::string& name) { return folded(name) == folded(record.name); };
-    const auto other = std::find_if(names.begin(), names.end(), isIt);
-    if (other == names.end()) continue;
+    const auto other = spellings.find(folded(record.name));
+    if (other == spellings.end()) continue;
     found.add(record.path,
               fmt::format("{} is \"{}\" in the packet and \"{}\" in the PDF: programs that compare "
                           "names letter by letter take them for two",
-                          record.path, record.name, *other),
+                          record.path, record.name, other->second),
               "give both one spelling");
   }
 }
