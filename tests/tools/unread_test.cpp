@@ -90,6 +90,14 @@ TEST(Unread, NamesWhatIsStoredInPart) {
       {"<dc:title><rdf:Alt><rdf:li xml:lang='x-default'>t</rdf:li><rdf:li xml:lang='de'>u</rdf:li>"
        "</rdf:Alt></dc:title>",
        "pdfData dc:title [?xml:lang=\"de\"] (only the default language is read)\n"},
+      {"<dc:title><rdf:Alt><rdf:li xml:lang='de'>t</rdf:li><rdf:li xml:lang='fr'>u</rdf:li>"
+       "</rdf:Alt></dc:title>",
+       "pdfData dc:title (has no text in the default language)\n"},
+      {"<vxSmartID:id xml:lang='de'>i</vxSmartID:id>",
+       "scalars.smartID vxSmartID:id ?xml:lang (no record has it)\n"},
+      {structure("vxJob:orderid", "<rdf:value>7</rdf:value><vxJob:q>hidden</vxJob:q>"),
+       "job vxJob:orderid ?vxJob:q (no record has it)\n"},
+      {"<vxGr:nrPages>7</vxGr:nrPages>", "vxGr:nrPages vxGr:nrPages (no record has it)\n"},
       {"<stVer:comments>c</stVer:comments>",
        "version stVer:comments (is written, and never read)\n"},
       {"<vxSmartID:id><rdf:Bag><rdf:li>a</rdf:li></rdf:Bag></vxSmartID:id>",
@@ -98,14 +106,18 @@ TEST(Unread, NamesWhatIsStoredInPart) {
        "scalars.nrPages vxGr:nrpages (Invalid integer string)\n"},
       {listOf("vxInkCovL:coverage", {"<vxInkCov:pct>1</vxInkCov:pct>"}),
        "inks vxInkCovL:coverage (no such ink)\n"},
-      {listOf("vxDigFilmMetaDataList:metadataList",
-              {structure("vxDigFilmMetaData:ink",
-                         "<vxInk:book>b</vxInk:book><vxInk:r>red</vxInk:r><vxInk:g>1</vxInk:g>") +
-               structure("vxDigFilmMetaData:dimdata", "<vxGr:margbot>3</vxGr:margbot>")}),
+      {listOf(
+           "vxDigFilmMetaDataList:metadataList",
+           {structure("vxDigFilmMetaData:ink",
+                      "<vxInk:book>b</vxInk:book><vxInk:r>red</vxInk:r><vxInk:g>1</vxInk:g>") +
+            structure("vxDigFilmMetaData:dimdata",
+                      "<vxGr:margbot>3</vxGr:margbot><vxGr:units xml:lang='de'>mm</vxGr:units>")}),
        "film.metadata[0] vxDigFilmMetaDataList:metadataList vxDigFilmMetaData:ink/vxInk:book ()\n"
        "film.metadata[0] vxDigFilmMetaDataList:metadataList vxDigFilmMetaData:ink/vxInk:r ()\n"
        "film.metadata[0] vxDigFilmMetaDataList:metadataList "
-       "vxDigFilmMetaData:dimdata/vxGr:margbot ()\n"},
+       "vxDigFilmMetaData:dimdata/vxGr:margbot ()\n"
+       "film.metadata[0] vxDigFilmMetaDataList:metadataList "
+       "vxDigFilmMetaData:dimdata/vxGr:units/?xml:lang ()\n"},
   };
   for (const Case& one : cases) {
     const Document document = readOf(packet(one.properties));
@@ -129,6 +141,9 @@ TEST(Unread, IsSilentWhereAllIsRead) {
   xmp.SetBaseDoc({"u", "r"});
   xmp.SetColorSpace({"Untagged", "", ""});
   xmp.SetMetaDataDigFilms({{}, {}});
+  Loaded films(
+      list("vxDigFilmRefs:files", "Seq", {elements("vxUsedF:", "instanceID renditionClass")}));
+  EXPECT_EQ(shortOf(readDocument(films, {}).unread), "");
   EXPECT_EQ(shortOf(readDocument(xmp, {}).unread), "");
   EXPECT_TRUE(readOf(packet("<vxGr:colorprofloc>Untagged</vxGr:colorprofloc>")).colorSpace);
 }
@@ -151,8 +166,7 @@ TEST(Unread, HasListsThatAreNotReadBesideOthers) {
             "inks vxInkCovL:coverage (coverage is not read beside the inks of a film)\n");
 }
 
-// --- By chance
-// ------------------------------------------------------------------------------------
+// --- By chance ----------------------------------------------------------------------------------
 
 class Damager {
  public:
@@ -256,8 +270,7 @@ TEST(Unread, ShowsEveryStoredValueOfADamagedPacket) {
   EXPECT_EQ(compared, 720U);
 }
 
-// --- diff
-// -----------------------------------------------------------------------------------------
+// --- diff ---------------------------------------------------------------------------------------
 
 TEST(Diff, SeesWhatIsNotRead) {
   const auto file = [](const char* name, const std::string& properties) {
@@ -269,6 +282,17 @@ TEST(Diff, SeesWhatIsNotRead) {
   const std::string other =
       file("other.xmp", structure("xmpMM:DerivedFrom", "<stRef:instanceID>v</stRef:instanceID>"));
   const std::string film = file("film.xmp", "<vxDigFilm:type>t</vxDigFilm:type>");
+  // The order of a structure's fields means nothing.
+  const auto partly = [&](const std::string& names) {
+    return file(("partly-" + names.substr(0, 4)).c_str(),
+                list("vxLayL:layers", "Seq", {elements("vxLay:", names)}));
+  };
+  const auto marked = [&](const std::string& language) {
+    return file(("marked" + language).c_str(),
+                list("vxLayL:layers", "Seq",
+                     {"<vxLay:name xml:lang='" + language + "'>n</vxLay:name>" +
+                      elements("vxLay:", "printable=True locked=False")}));
+  };
   struct Run {
     std::string arguments;
     int code;
@@ -280,6 +304,8 @@ TEST(Diff, SeesWhatIsNotRead) {
       {one + " " + one, 0, ""},
       {"--semantic " + one + " " + other, 0, ""},
       {"--semantic " + bare + " " + film, 1, "vxDigFilm:type"},
+      {partly("name=n locked=True") + " " + partly("locked=True name=n"), 0, ""},
+      {marked("a") + " " + marked("b"), 1, "unread[property=vxLayL:layers].value"},
   };
   for (const Run& run : runs) {
     const ::Outcome outcome = runTool("diff " + run.arguments);

@@ -75,14 +75,13 @@ void measureProperties(const StoredProperties& stored, Extent& extent) {
 }
 
 Extent extentOf(const Subject& subject) {
-  constexpr std::string_view kOwnNamespaces = "http://ns.orvo.example/xmp/";
   Extent extent;
   extent.bytes = subject.wrapper.bytes;
   measureProperties(subject.stored(), extent);
   for (const auto& [prefix, uri] : subject.stored().schemas) {
     raise(extent.prefix, prefix.size());
     raise(extent.uri, uri.size());
-    if (!uri.starts_with(kOwnNamespaces)) ++extent.namespaces;
+    if (!isOwnSchema(uri)) ++extent.namespaces;
   }
   return extent;
 }

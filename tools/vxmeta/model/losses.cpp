@@ -19,6 +19,9 @@ using Counts = std::map<std::string, std::ptrdiff_t, std::less<>>;
 void count(const StoredNode& node, const std::string& path, std::ptrdiff_t by, Counts& counts) {
   if (node.form == StoredNode::Form::text && node.text.empty()) return;
   counts[path] += by;
+  for (const StoredNode& qualifier : node.qualifiers) {
+    count(qualifier, path + '/' + qualifier.name, by, counts);
+  }
   for (const StoredNode& child : node.children) {
     count(child, child.name == "rdf:li" ? path + "[]" : path + '/' + child.name, by, counts);
   }

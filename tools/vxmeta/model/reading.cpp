@@ -83,7 +83,7 @@ const InkList& Reading::inks() {
 std::vector<ForeignSchema> Reading::foreign() {
   std::vector<ForeignSchema> schemas;
   for (const StoredNode& property : stored().properties) {
-    if (!sectionOf(property.name).empty()) continue;
+    if (!isForeign(stored(), property.name)) continue;
     const std::string prefix = property.name.substr(0, property.name.find(':'));
     const auto known = std::find_if(schemas.begin(), schemas.end(),
                                     [&](const ForeignSchema& one) { return one.prefix == prefix; });

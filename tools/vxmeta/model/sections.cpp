@@ -163,6 +163,8 @@ std::string_view sectionOf(std::string_view storedProperty) {
   return isThere ? place->section : std::string_view();
 }
 
+bool isOwnSchema(std::string_view uri) { return uri.starts_with("http://ns.orvo.example/xmp/"); }
+
 bool isBeside(std::string_view storedProperty) {
   const auto places = placesAt(storedProperty);
   return !places.empty() && places.front().role == Role::beside;

@@ -38,6 +38,9 @@ std::string_view propertyOf(std::string_view path);
 // ("vxFontL:fonts"); empty for one that no record covers.
 std::string_view sectionOf(std::string_view storedProperty);
 
+// Whether a schema is the library's own: what it holds is for the library to read.
+bool isOwnSchema(std::string_view uri);
+
 // Whether the property is a list beside the one that its section is named for.
 bool isBeside(std::string_view storedProperty);
 

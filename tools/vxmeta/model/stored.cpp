@@ -36,6 +36,7 @@ class Reader {
     StoredNode& parent = *open_.back().node;
     if (isArray(element)) {
       parent.form = StoredNode::Form::list;
+      parent.isAlternative = element == "rdf:Alt";
       parent.text.clear();
       open_.push_back({&parent, true});
       return;
@@ -44,7 +45,7 @@ class Reader {
       parent.form = StoredNode::Form::structure;
       parent.text.clear();
     }
-    add(parent.children, element, attributes);
+    add(parent.children, element, attributes, open_.back().isTransparent && parent.isAlternative);
   }
 
   void end() {
@@ -72,16 +73,27 @@ class Reader {
     open_.push_back({});
   }
 
-  void add(std::vector<StoredNode>& nodes, std::string_view element, const char** attributes) {
+  void add(std::vector<StoredNode>& nodes, std::string_view element, const char** attributes,
+           bool isTranslation = false) {
     StoredNode& node = nodes.emplace_back();
     node.name = element;
     for (const char** it = attributes; *it != nullptr; it += 2) {
       const std::string_view name = *it;
-      if (name == "xml:lang") node.language = it[1];
+      if (name == "xml:lang") setLanguage(node, it[1], isTranslation);
       if (name == "rdf:resource") node.text = it[1];
       if (name == "rdf:parseType") node.form = StoredNode::Form::structure;
     }
     open_.push_back({&node, false});
+  }
+
+  static void setLanguage(StoredNode& node, const char* language, bool isTranslation) {
+    if (isTranslation) {
+      node.language = language;
+      return;
+    }
+    StoredNode& qualifier = node.qualifiers.emplace_back();
+    qualifier.name = "?xml:lang";
+    qualifier.text = language;
   }
 
   // A value with qualifiers is written as a structure around rdf:value.
@@ -89,8 +101,13 @@ class Reader {
     const bool isQualified = !node.children.empty() && node.children[0].name == "rdf:value";
     if (node.form != StoredNode::Form::structure || !isQualified) return;
     StoredNode value = std::move(node.children[0]);
+    for (auto it = node.children.begin() + 1; it != node.children.end(); ++it) {
+      it->name.insert(0, "?");
+      node.qualifiers.push_back(std::move(*it));
+    }
     node.form = value.form;
     node.text = std::move(value.text);
+    node.isAlternative = value.isAlternative;
     node.children = std::move(value.children);
   }
 
@@ -116,24 +133,45 @@ const StoredNode* itemAt(const StoredNode& list, std::string_view step) {
   return number == 0 || number > list.children.size() ? nullptr : &list.children[number - 1];
 }
 
-Json jsonOf(const StoredNode& node, std::size_t first = 0) {
-  if (node.form == StoredNode::Form::text && node.language.empty()) return node.text;
-  if (node.form == StoredNode::Form::text) return {{node.language, node.text}};
-  const bool isList = node.form == StoredNode::Form::list;
-  Json json = isList ? Json::array() : Json::object();
+Json jsonOf(const StoredNode& node, std::size_t first);
+
+// As an object by their names.
+Json jsonOf(const std::vector<StoredNode>& named) {
+  std::map<std::string_view, const StoredNode*> sorted;
+  for (const StoredNode& node : named) sorted.emplace(node.name, &node);
+  Json json = Json::object();
+  for (const auto& [name, node] : sorted) json[std::string(name)] = jsonOf(*node, 0);
+  return json;
+}
+
+Json plainJsonOf(const StoredNode& node, std::size_t first) {
+  if (node.form == StoredNode::Form::text) return node.text;
+  if (node.form == StoredNode::Form::structure) return jsonOf(node.children);
+  Json json = Json::array();
   for (std::size_t i = first; i < node.children.size(); ++i) {
-    const StoredNode& child = node.children[i];
-    isList ? json.push_back(jsonOf(child)) : void(json[child.name] = jsonOf(child));
+    json.push_back(jsonOf(node.children[i], 0));
   }
   return json;
+}
+
+Json jsonOf(const StoredNode& node, std::size_t first) {
+  Json json = plainJsonOf(node, first);
+  if (!node.language.empty()) json = {{node.language, std::move(json)}};
+  if (node.qualifiers.empty()) return json;
+  Json qualified = jsonOf(node.qualifiers);
+  qualified["rdf:value"] = std::move(json);
+  return qualified;
 }
 
 }  // namespace
 
 const StoredNode* StoredNode::field(std::string_view fieldName) const {
-  const auto found = std::find_if(children.begin(), children.end(),
-                                  [&](const StoredNode& child) { return child.name == fieldName; });
-  return found == children.end() || form != Form::structure ? nullptr : &*found;
+  const bool isQualifier = fieldName.starts_with('?');
+  if (!isQualifier && form != Form::structure) return nullptr;
+  const std::vector<StoredNode>& nodes = isQualifier ? qualifiers : children;
+  const auto found = std::find_if(nodes.begin(), nodes.end(),
+                                  [&](const StoredNode& node) { return node.name == fieldName; });
+  return found == nodes.end() ? nullptr : &*found;
 }
 
 const StoredNode* StoredProperties::property(std::string_view name) const {
@@ -170,8 +208,8 @@ const StoredNode* nodeAt(const StoredProperties& stored, std::string_view path) 
 }
 
 std::string valueText(const StoredNode& node, std::size_t first) {
-  const bool isText = node.form == StoredNode::Form::text;
-  return isText ? node.text : jsonText(jsonOf(node, first), false);
+  const bool isPlain = node.form == StoredNode::Form::text && node.qualifiers.empty();
+  return isPlain ? node.text : jsonText(jsonOf(node, first), false);
 }
 
 StoredProperties readStored(const std::string& xml) {

@@ -17,10 +17,12 @@ struct StoredNode {
   std::string name;  // with its prefix; of items "rdf:li"
   Form form = Form::text;
   std::string text;
-  std::string language;  // xml:lang
+  std::string language;  // of an item of a language alternative
   std::vector<StoredNode> children;
+  std::vector<StoredNode> qualifiers;  // named "?xml:lang", "?vxJob:q"; without that language
+  bool isAlternative = false;
 
-  // A field of a structure; null where there is none.
+  // A field of a structure, or a qualifier; null where there is none.
   const StoredNode* field(std::string_view fieldName) const;
 };
 
@@ -35,10 +37,11 @@ struct StoredProperties {
 // The text of a property; of a language alternative, that in the default language. Null: none.
 const std::string* textOf(const StoredNode* property);
 
-// The node at a path: "vxFontL:fonts[2]/vxFont:name", "xmpBJ:JobRef[last()]". Null: none.
+// The node at a path: "vxFontL:fonts[2]/vxFont:name/?xml:lang", "xmpBJ:JobRef[last()]". Null: none.
 const StoredNode* nodeAt(const StoredProperties& stored, std::string_view path);
 
-// What the node holds: a text as it is, of a list the items from `first` on, as JSON.
+// What the node holds: a text as it is, anything else as JSON, fields in the order of their names;
+// of a list the items from `first` on.
 std::string valueText(const StoredNode& node, std::size_t first = 0);
 
 // `xml` is what XMPlib::GetXML gives: one description, nothing in it written as an attribute, the

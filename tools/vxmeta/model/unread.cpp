@@ -11,8 +11,8 @@ namespace {
 
 UnreadPart partAt(std::string_view section, std::string_view path) {
   UnreadPart part;
-  part.list = section;
   part.property = propertyOf(path);
+  part.list = section.empty() ? part.property : section;
   std::string_view below = path.substr(part.property.size());
   if (below.starts_with('/')) below.remove_prefix(1);
   if (!below.empty()) part.field = below;
@@ -24,6 +24,8 @@ const Type& typeOfPlace(const StoredPlace& place) {
   return typeAt(parsePath(place.documentPath(), root), root);
 }
 
+bool isList(const StoredPlace& place) { return typeOfPlace(place).kind == Kind::list; }
+
 // Compares what is stored with what the document has of it.
 class Account {
  public:
@@ -32,7 +34,7 @@ class Account {
 
   std::vector<UnreadPart> parts() {
     for (const StoredNode& property : stored_.properties) {
-      if (!sectionOf(property.name).empty()) look(property, property.name);
+      if (!isForeign(stored_, property.name)) look(property, property.name);
     }
     return std::move(parts_);
   }
@@ -41,10 +43,11 @@ class Account {
   void look(const StoredNode& node, const std::string& path) {
     const auto places = placesAt(path);
     const auto isRead = [&](const StoredPlace& place) { return accountsFor(place, node); };
-    if (std::any_of(places.begin(), places.end(), isRead)) return lookAtLanguages(node, path);
+    if (std::any_of(places.begin(), places.end(), isRead)) return lookBeside(node, path);
     if (!places.empty() || !hasPlacesBelow(path)) return note(node, path);
-    if (node.form != StoredNode::Form::text) return lookBelow(node, path);
-    if (!node.text.empty()) note(node, path);
+    if (node.form == StoredNode::Form::text && !node.text.empty()) return note(node, path);
+    lookAtQualifiers(node, path);
+    lookBelow(node, path);
   }
 
   void lookBelow(const StoredNode& node, const std::string& path) {
@@ -57,18 +60,25 @@ class Account {
     }
   }
 
-  // Of a text in several languages, the default one is read.
-  void lookAtLanguages(const StoredNode& node, const std::string& path) {
+  // Lists are looked at where they are read.
+  void lookBeside(const StoredNode& node, const std::string& path) {
+    if (isList(placesAt(path).front())) return;
+    lookAtQualifiers(node, path);
     const std::string* text = textOf(&node);
     if (text == nullptr || text == &node.text) return;
     for (const StoredNode& item : node.children) {
-      if (&item.text != text) note(item, path + "[?xml:lang=\"" + item.language + "\"]");
+      const std::string itemPath = path + "[?xml:lang=\"" + item.language + "\"]";
+      &item.text == text ? lookAtQualifiers(item, itemPath) : note(item, itemPath);
     }
   }
 
-  // Lists are looked at where they are read.
+  void lookAtQualifiers(const StoredNode& node, const std::string& path) {
+    for (const StoredNode& qualifier : node.qualifiers)
+      note(qualifier, path + '/' + qualifier.name);
+  }
+
   bool accountsFor(const StoredPlace& place, const StoredNode& node) const {
-    if (typeOfPlace(place).kind == Kind::list) return true;
+    if (isList(place)) return true;
     const auto value = valueIn(place.documentPath());
     if (!value || !isValidIn(place)) return false;
     if (!value->is(Kind::text)) return node.form == StoredNode::Form::text;
@@ -120,9 +130,11 @@ class Account {
     const bool isRequired = std::any_of(places.begin(), places.end(), [&](const auto& place) {
       return place.section == section && place.role == StoredPlace::Role::required;
     });
-    std::string missing = isRequired || !valueIn(section) ? missingIn(section) : "";
+    const bool isPart = !section.empty() && (isRequired || !valueIn(section));
+    std::string missing = isPart ? missingIn(section) : "";
     if (!missing.empty()) return missing;
     if (placesAt(path).empty()) return whyNoPlace(path);
+    if (node.isAlternative) return "has no text in the default language";
     if (node.form == StoredNode::Form::list) return "is stored as a list";
     if (node.form == StoredNode::Form::structure) return "is stored as a structure";
     return path == "stVer:comments" ? "is written, and never read" : "is no value that is read";
@@ -160,9 +172,19 @@ class Account {
 
 }  // namespace
 
+bool isForeign(const StoredProperties& stored, std::string_view property) {
+  if (!sectionOf(property).empty()) return false;
+  return !isOwnSchema(stored.uriOf(std::string(property.substr(0, property.find(':')))));
+}
+
 std::vector<UnreadPart> unreadValues(const StoredProperties& stored, const Document& document,
                                      const ReadErrors& errors) {
   return Account(stored, document, errors).parts();
+}
+
+bool isMissing(const UnreadPart& part) {
+  const std::string reason = part.reason.value_or("");
+  return reason.find(':') != std::string::npos && reason.find(' ') == std::string::npos;
 }
 
 std::string storedPath(const UnreadPart& part) {
@@ -172,10 +194,11 @@ std::string storedPath(const UnreadPart& part) {
 
 bool isOfList(const UnreadPart& part) {
   const auto places = placesAt(part.property);
-  return !places.empty() && typeOfPlace(places.front()).kind == Kind::list;
+  return !places.empty() && isList(places.front());
 }
 
 bool isDateOrId(const UnreadPart& part) {
+  if (sectionOf(part.property).empty()) return false;
   const auto places = placesAt(part.property);
   const std::string path = places.empty() ? part.list : places.front().documentPath();
   const Type* type = &typeOf<Document>();

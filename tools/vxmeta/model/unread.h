@@ -20,6 +20,9 @@ using ReadErrors = std::map<std::string, std::string, std::less<>>;
 // The nodes that a reading of the stored form has put into a record.
 using ReadNodes = std::set<const StoredNode*>;
 
+// Whether a property is another schema's: it has no section, and is not for the library to read.
+bool isForeign(const StoredProperties& stored, std::string_view property);
+
 // Of all properties but lists: what the document's sections do not account for.
 std::vector<UnreadPart> unreadValues(const StoredProperties& stored, const Document& document,
                                      const ReadErrors& errors);
@@ -37,6 +40,9 @@ std::vector<UnreadPart> unreadInLists(const XMPlib& xmp, bool asFilmInks,
 
 // Whether it is a part of a list: not of a single value, or of a record of such.
 bool isOfList(const UnreadPart& part);
+
+// Whether it is not read because a required field is missing, which the reason then names.
+bool isMissing(const UnreadPart& part);
 
 // Of a part of no list: where it is stored, "vxPrF:DerivedFrom/stRef:instanceID".
 std::string storedPath(const UnreadPart& part);

@@ -15,8 +15,7 @@ UnreadPart partOf(std::string_view storedList) {
   return part;
 }
 
-// --- Separations
-// ----------------------------------------------------------------------------------
+// --- Separations --------------------------------------------------------------------------------
 
 constexpr std::string_view kSeparations = "vxDigFilmMetaDataList:metadataList";
 
@@ -45,16 +44,24 @@ class SeparationAudit {
 
   void look(const StoredNode& node, const std::string& path) {
     if (read_.contains(&node)) return lookBelow(node, path);
+    if (!path.empty()) return noteField(node, path);
     UnreadPart part = notRead(node, 1, "is no structure");
     part.item = item_;
-    if (!path.empty()) {
-      part.stored.reset(), part.read.reset(), part.reason.reset();
-      part.field = path;
-    }
+    parts_.push_back(std::move(part));
+  }
+
+  void noteField(const StoredNode& node, const std::string& path) {
+    UnreadPart part = partOf(kSeparations);
+    part.item = item_;
+    part.field = path;
+    part.value = valueText(node);
     parts_.push_back(std::move(part));
   }
 
   void lookBelow(const StoredNode& node, const std::string& path) {
+    for (const StoredNode& qualifier : node.qualifiers) {
+      noteField(qualifier, path + (path.empty() ? "" : "/") + qualifier.name);
+    }
     for (std::size_t i = 0; i < node.children.size(); ++i) {
       const StoredNode& child = node.children[i];
       const std::string step =
@@ -69,8 +76,7 @@ class SeparationAudit {
   std::vector<UnreadPart> parts_;
 };
 
-// --- Lists beside others
-// --------------------------------------------------------------------------
+// --- Lists beside others ------------------------------------------------------------------------
 
 using Files = std::vector<std::pair<std::string, std::string>>;
 
@@ -101,8 +107,7 @@ bool isEmpty(const StoredNode& node) {
   return node.text.empty() && std::all_of(node.children.begin(), node.children.end(), isEmpty);
 }
 
-// --- Lists
-// ----------------------------------------------------------------------------------------
+// --- Lists --------------------------------------------------------------------------------------
 
 UnreadPart itemsPart(const XMPlUnreadItems& row, const StoredProperties& stored) {
   UnreadPart part = partOf(row.list);
@@ -112,6 +117,13 @@ UnreadPart itemsPart(const XMPlUnreadItems& row, const StoredProperties& stored)
   const StoredNode* list = nodeAt(stored, row.list);
   if (list != nullptr) part.value = valueText(*list, static_cast<std::size_t>(row.read));
   return part;
+}
+
+// Job references are read under other names than they are written, so that a Set would drop what is
+// read.
+bool isReadJobReference(const XMPlUnreadField& row) {
+  return row.list == "vxDigFilmRefs:files" &&
+         (row.field == "vxUsedF:instanceID" || row.field == "vxUsedF:renditionClass");
 }
 
 UnreadPart fieldPart(const XMPlUnreadField& row, const StoredProperties& stored) {
@@ -155,7 +167,9 @@ std::vector<UnreadPart> unreadInLists(const XMPlib& xmp, bool asFilmInks,
   xmp.GetUnreadFields(fields, asFilmInks);
   parts.reserve(items.size() + fields.size());
   for (const XMPlUnreadItems& row : items) parts.push_back(itemsPart(row, stored));
-  for (const XMPlUnreadField& row : fields) parts.push_back(fieldPart(row, stored));
+  for (const XMPlUnreadField& row : fields) {
+    if (!isReadJobReference(row)) parts.push_back(fieldPart(row, stored));
+  }
   return parts;
 }
 

@@ -136,9 +136,7 @@ std::string foreignLine(const Document& document, const Screen& screen) {
 // A reason that is a name ("vxFont:type") says what is missing; any other is a sentence.
 std::string reasonOf(const UnreadPart& part, std::string_view lack) {
   const std::string reason = part.reason.value_or("");
-  const bool isField =
-      reason.find(':') != std::string::npos && reason.find(' ') == std::string::npos;
-  return isField ? fmt::format("{} {}", lack, reason) : reason;
+  return isMissing(part) ? fmt::format("{} {}", lack, reason) : reason;
 }
 
 std::string sentenceOf(const UnreadPart& part) {
@@ -154,22 +152,30 @@ std::string sentenceOf(const UnreadPart& part) {
                      reasonOf(part, "the next lacks"));
 }
 
-// What is not read of one record for one reason: all in one sentence.
+// Parts of one record, or properties of none, that are not read for one reason.
+bool isInOneSentence(const UnreadPart& a, const UnreadPart& b) {
+  const bool isOne = a.list == b.list || (a.list == a.property && b.list == b.property);
+  return isOne && a.reason == b.reason && !isOfList(b);
+}
+
+std::string sentenceOf(const UnreadPart& first, const std::string& names) {
+  if (first.list == first.property) return names + " not read: " + reasonOf(first, "it lacks");
+  return fmt::format("{} holds {}, not read: {}", first.list, names, reasonOf(first, "it lacks"));
+}
+
 std::vector<std::string> sentencesOf(const std::vector<UnreadPart>& parts) {
   std::vector<std::string> sentences;
   for (std::size_t i = 0; i < parts.size();) {
-    if (isOfList(parts[i])) {
-      sentences.push_back(sentenceOf(parts[i++]));
+    const UnreadPart& first = parts[i++];
+    if (isOfList(first)) {
+      sentences.push_back(sentenceOf(first));
       continue;
     }
-    const UnreadPart& first = parts[i];
-    std::string names;
-    for (; i < parts.size() && parts[i].list == first.list && parts[i].reason == first.reason;
-         ++i) {
-      names += (names.empty() ? "" : ", ") + storedPath(parts[i]);
+    std::string names = storedPath(first);
+    for (; i < parts.size() && isInOneSentence(first, parts[i]); ++i) {
+      names += ", " + storedPath(parts[i]);
     }
-    sentences.push_back(
-        fmt::format("{} holds {}, not read: {}", first.list, names, reasonOf(first, "it lacks")));
+    sentences.push_back(sentenceOf(first, names));
   }
   return sentences;
 }
