@@ -188,15 +188,16 @@ class Words {
     return isAnyOf(element.name, {"rdf:Bag", "rdf:Seq", "rdf:Alt"});
   }
 
-  // An array or structure. One with an rdf:value is a text with qualifiers.
+  // An array or structure. With an rdf:value, it is what the first of these is, with qualifiers.
   static bool isComposite(const XmlElement& value) {
     bool hasFields = !value.children.empty();
     for (const auto& [name, text] : value.attributes) hasFields |= !isSyntax(name);
-    const auto isText = [](const XmlElement& child) {
-      return child.name == "rdf:value" || (child.name == "rdf:Description" && !isComposite(child));
+    if (!hasFields || value.has("rdf:value") || value.has("rdf:resource")) return false;
+    const auto isValue = [](const XmlElement& child) {
+      return isAnyOf(child.name, {"rdf:value", "rdf:Description"});
     };
-    return hasFields && !value.has("rdf:value") && !value.has("rdf:resource") &&
-           std::none_of(value.children.begin(), value.children.end(), isText);
+    const auto first = std::find_if(value.children.begin(), value.children.end(), isValue);
+    return first == value.children.end() || isComposite(*first);
   }
 
   // Repaired, an array keeps texts alone, the empty ones only in a language.
