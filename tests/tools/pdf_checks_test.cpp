@@ -152,6 +152,35 @@ TEST(PdfChecks, TheInfoDictionaryMaySayTheSameInOtherWays) {
   }
 }
 
+TEST(PdfChecks, FontsAreListedByTheirNameOrTheirPostScriptName) {
+  struct Case {
+    const char *listed, *used;
+    bool isSame;
+  };
+  const Case cases[] = {
+      {"Arial", "ArialMT", true},
+      {"Arial Bold", "Arial-BoldMT", true},
+      {"Times New Roman", "TimesNewRomanPSMT", true},
+      {"Times New Roman Bold", "TimesNewRomanPS-BoldMT", true},
+      {"Myriad Pro", "MyriadPro-Regular", true},
+      {"MyriadPro-Regular", "MyriadPro-Regular", true},
+      {"Times Roman", "Times-Roman", true},
+      {"Arial", "Arial-BoldMT", false},
+      {"Arial", "Arimo", false},
+  };
+  for (const Case& one : cases) {
+    CheckedPdf document;
+    XMPlFont font;
+    font.name = one.listed;
+    document.xmp.SetFonts({font});
+    document.pdf.page =
+        std::string("/Resources<</Font<</F<</Subtype/Type1/BaseFont/") + one.used + ">>>>>>";
+    EXPECT_EQ(found(document.text(), "--only pdf-font-missing"),
+              one.isSame ? Names() : Names({"pdf-font-missing fonts"}))
+        << one.listed << one.used;
+  }
+}
+
 TEST(PdfChecks, TrappedIsComparedAsATruth) {
   for (const char* packets : {"true", "TRUE", "Unknown", "False"}) {
     CheckedPdf document;

@@ -103,6 +103,21 @@ std::string range(const std::string& start, const std::string& end,
 }
 std::string ranges(const std::vector<std::string>& all) { return list("vxPagL:pagelist", all); }
 std::string pages(const std::string& count) { return element("vxGr:nrpages", count); }
+std::string pageSize(const std::string& units) {
+  std::string text = element("vxGr:units", units) + element("vxGr:readerspread", "False");
+  for (const char* name :
+       {"vsize", "hsize", "vshrink", "hshrink", "margtop", "margbot", "margleft", "margright"}) {
+    text += element(std::string("vxGr:") + name, "1");
+  }
+  return text;
+}
+std::string filmSize(const std::string& units) {
+  std::string text = element("vxGr:units", units);
+  for (const char* name : {"vsize", "hsize", "vresolution", "hresolution"}) {
+    text += element(std::string("vxGr:") + name, "1");
+  }
+  return text;
+}
 std::string twoInks() { return list("vxGr:inks", {ink("A"), ink("B")}); }
 
 std::string screen(const std::string& curve) {

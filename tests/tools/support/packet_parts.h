@@ -45,6 +45,8 @@ std::string barcode(const std::string& symbology, const std::string& code);
 std::string grid(const std::string& rows, const std::string& type = "grid");
 std::string ranges(const std::vector<std::string>& all);
 std::string pages(const std::string& count);
+std::string pageSize(const std::string& units);
+std::string filmSize(const std::string& units);
 std::string groups(const std::vector<std::string>& all);
 std::string curve(const std::string& values);
 std::string described(const std::string& language);

@@ -6,12 +6,15 @@
 #include <charconv>
 #include <cstdint>
 #include <optional>
+#include <set>
 #include <stdexcept>
 #include <string_view>
 
 #include "checks/packet_checks.h"
 #include "checks/packet_reading.h"
+#include "model/read_document.h"
 #include "model/sections.h"
+#include "model/unread.h"
 
 namespace vxmeta {
 namespace {
@@ -107,6 +110,19 @@ void checkHidden(const Subject& subject, Findings& found) {
   }
 }
 
+// --- Records that are not whole -----------------------------------------------------------------
+
+void checkIncomplete(const Subject& subject, Findings& found) {
+  std::set<std::string> told;
+  for (const UnreadPart& part : readDocument(subject.packet, {}).unread) {
+    if (isOfList(part) || !isMissing(part) || !told.insert(part.list).second) continue;
+    found.add(part.list,
+              fmt::format("{} is stored in part, without {}: nothing of it is read", part.list,
+                          *part.reason),
+              "add what is missing, or take the rest out");
+  }
+}
+
 // --- Runs of numbered files ---------------------------------------------------------------------
 
 // The scheme counts in any case of letters.
@@ -184,6 +200,8 @@ std::vector<Check> packetLossChecks() {
   return {
       {"items-hidden", Severity::error,
        "a list is read up to an incomplete item: what is behind it gets lost", checkHidden},
+      {"record-incomplete", Severity::warning,
+       "a record lacks a required field: it counts as absent", checkIncomplete},
       {"ref-unexpandable", Severity::error,
        "a run of numbered files cannot be expanded into its files", checkRuns},
   };

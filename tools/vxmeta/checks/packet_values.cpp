@@ -24,12 +24,14 @@ std::string pathIn(const StoredProperties& stored, const std::string& path) {
 
 void checkValue(const StoredNode& stored, ValueKind kind, const std::string& path,
                 Findings& found) {
-  if (isValue(kind, stored.text)) return;
+  const bool isText = stored.form == StoredNode::Form::text;
+  if (isText && isValue(kind, stored.text)) return;
+  const std::string value = isText ? quoted(stored.text) : valueText(stored);
   found.add(
       path,
       fmt::format("{} is stored as {}, which is no {}: nothing is read from it, or not what was "
                   "meant",
-                  path, quoted(stored.text), nameOf(kind)),
+                  path, value, nameOf(kind)),
       "write the value anew; numbers have a decimal point, truth values are True or False");
 }
 

@@ -3,8 +3,10 @@
 
 #include <fmt/format.h>
 #include <algorithm>
+#include <array>
 #include <cmath>
 #include <optional>
+#include <regex>
 #include <set>
 #include <string>
 
@@ -81,6 +83,12 @@ void checkPageSize(const PdfFacts& pdf, const Subject& subject, Findings& found)
 
 // --- Fonts and layers ---------------------------------------------------------------------------
 
+// PostScript names say who made a font, and that it is the regular one: "TimesNewRomanPS-BoldMT".
+std::string withoutMarks(const std::string& name) {
+  static const std::regex kMarks("PSMT$|MT$|PS(?=-|$)|[- ](Regular|Roman)$");
+  return std::regex_replace(name, kMarks, "");
+}
+
 // Names are spelt with blanks, hyphens or commas, as the program likes.
 std::u32string plainName(const std::string& name) {
   std::u32string plain = folded(name);
@@ -88,14 +96,23 @@ std::u32string plainName(const std::string& name) {
   return plain;
 }
 
+// The ways to write a font's name.
+std::array<std::u32string, 2> spellingsOf(const std::string& name) {
+  return {plainName(name), plainName(withoutMarks(name))};
+}
+
 void checkFonts(const PdfFacts& pdf, const Subject& subject, Findings& found) {
   if (!hasList(subject, "vxFontL:fonts")) return;
   std::vector<XMPlFont> fonts;
   subject.packet.GetFonts(fonts);
   std::set<std::u32string> listed;
-  for (const XMPlFont& font : fonts) listed.insert(plainName(font.name));
+  for (const XMPlFont& font : fonts) {
+    for (std::u32string& name : spellingsOf(font.name)) listed.insert(std::move(name));
+  }
+  const auto isListed = [&](const std::u32string& name) { return listed.contains(name); };
   for (const std::string& name : pdf.fonts) {
-    if (listed.contains(plainName(name))) continue;
+    const auto spellings = spellingsOf(name);
+    if (std::any_of(spellings.begin(), spellings.end(), isListed)) continue;
     found.add("fonts",
               fmt::format("the PDF uses the font \"{}\", which the packet does not list: who "
                           "edits the text does not know to have it",

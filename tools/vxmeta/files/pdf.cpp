@@ -4,6 +4,7 @@
 #include <map>
 #include <qpdf/QPDF.hh>
 
+#include "files/file_kind.h"
 #include "files/pdf_pages.h"
 #include "files/qpdf_file.h"
 
@@ -35,6 +36,12 @@ QPDFObjectHandle numberedStream(QPDF& pdf, int object) {
   }
   throw FileError("object " + std::to_string(object) +
                   " is no stream; `vxmeta extract --list` shows those with metadata");
+}
+
+void requirePacket(const std::string& text, int object) {
+  if (fileKind(text).family == FileKind::packet) return;
+  throw FileError("object " + std::to_string(object) +
+                  " holds no XMP packet; `vxmeta extract --list` shows those that do");
 }
 
 // --- Who owns a metadata stream -----------------------------------------------------------------
@@ -117,10 +124,12 @@ FilePacket readPdf(const InputFile& file, const ReadOptions& options) {
     packet.source = sourceOf(stream);
     packet.warnings = repairsOf(*pdf);
   });
-  if (packet.text.empty())
+  if (options.object) {
+    requirePacket(packet.text, *options.object);
+  } else if (packet.text.empty()) {
     throw NoPacketError(
-        "the metadata of this PDF is an empty stream; "
-        "`vxmeta embed` puts a packet there");
+        "the metadata of this PDF is an empty stream; `vxmeta embed` puts a packet there");
+  }
   return packet;
 }
 

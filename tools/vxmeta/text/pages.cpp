@@ -35,15 +35,31 @@ void addFields(Line& line, const View& record) {
 
 bool isList(const View& value) { return value.is(Kind::list); }
 
+// The record that names one of the type: itself, or the first in it that has a name.
+const Field* namedPart(const Type& record) {
+  const auto isNamed = [](const Field& field) {
+    return field.type->kind == Kind::record && field.type->key() != nullptr;
+  };
+  const auto part = std::find_if(record.fields.begin(), record.fields.end(), isNamed);
+  return part == record.fields.end() ? nullptr : &*part;
+}
+
+bool hasName(const Type& record) { return record.key() != nullptr || namedPart(record) != nullptr; }
+
+std::string nameOf(const View& record) {
+  if (const Field* key = record.type->key()) return shownField(record, *key);
+  return nameOf(record.field(*namedPart(*record.type)));
+}
+
 // The items' names, one after the other, "×3" behind one that comes three times in a row.
-std::string namesIn(const View& list, const Field& key) {
+std::string namesIn(const View& list) {
   constexpr std::size_t kMost = 24;
   std::string names;
   std::size_t shown = 0;
   for (std::size_t i = 0; i < list.size();) {
-    const std::string name = shownField(list.item(i), key);
+    const std::string name = nameOf(list.item(i));
     const std::size_t first = i;
-    while (i < list.size() && shownField(list.item(i), key) == name) ++i;
+    while (i < list.size() && nameOf(list.item(i)) == name) ++i;
     if (++shown > kMost) return names + fmt::format(", {} more", list.size() - first);
     names += (first == 0 ? "" : ", ") + (name.empty() ? "(no name)" : name);
     if (i - first > 1) names += fmt::format(" ×{}", i - first);
@@ -64,7 +80,7 @@ void addList(Line& line, const View& list) {
   if (list.size() == 0) return (void)line.add(Style::dim, "empty");
   if (item.kind == Kind::list) return (void)line.add(Style::plain, countsIn(list));
   line.add(Style::dim, fmt::format("{}  ", list.size()));
-  if (const Field* key = item.key()) return (void)line.add(Style::plain, namesIn(list, *key));
+  if (hasName(item)) return (void)line.add(Style::plain, namesIn(list));
   for (std::size_t i = 0; i < list.size() && i < 4; ++i) {
     if (i > 0) line.add(Style::dim, " / ");
     addFields(line, list.item(i));
