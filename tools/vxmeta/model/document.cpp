@@ -74,7 +74,8 @@ Type describe<UnreadPart>() {
   return recordType<R>(
       "unread",
       {
-          VXMETA_FIELD(list, "path of what is not read whole"),
+          VXMETA_FIELD(list,
+                       "path of what is not read whole; of a property of no record, its name"),
           VXMETA_FIELD(property, "the stored property"),
           VXMETA_FIELD(stored, "number of items stored; of a single value 1"),
           VXMETA_FIELD(read, "number of items read"),
@@ -120,7 +121,7 @@ Type describe<Document>() {
           VXMETA_FIELD(cadRegistration, "how the document is registered on a CAD drawing"),
           VXMETA_FIELD(pdfData, "standard PDF data, for other tools"),
           VXMETA_FIELD(mmData, "standard media-management data, for other tools"),
-          VXMETA_FIELD(foreign, "schemas that no record covers"),
+          VXMETA_FIELD(foreign, "other schemas, and the number of their properties"),
           VXMETA_FIELD(unread, "what is stored and not read; writing a list again would delete it"),
       });
 }
