@@ -167,7 +167,9 @@ class XMPLIB_API XMPlib {
 
   /// What the items that are read hold beyond their records, and a Get and Set of the list drops:
   /// fields that no record has, fields of a group that is not complete, qualifiers, values of
-  /// another form than the field's. In lists and ways as above. True when there is any.
+  /// another form than the field's, texts that a Set would write as another value (the attribute of
+  /// an ink with an opaque mask; what is no number in the values of a DGC). In lists and ways as
+  /// above. True when there is any.
   bool GetUnreadFields(std::vector<XMPlUnreadField>& unread) const;
   /// As above, with the inks of a digital film when `filmInks` is true.
   bool GetUnreadFields(std::vector<XMPlUnreadField>& unread, bool filmInks) const;

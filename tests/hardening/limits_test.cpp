@@ -41,15 +41,17 @@ TEST(Limits, APacketAtALimitLoadsAndOneOverItIsRefused) {
     const std::string p = "n" + std::string(prefix - 1, 'p');
     return "<" + p + ":q xmlns:" + p + "='u:" + std::string(uri - 2, 'u') + "'/>";
   };
-  const std::string tooMany =
-      "more than 2,048 properties of one namespace, or fields of one structure";
+  const std::string value = "<rdf:value>1</rdf:value>";
   const struct {
     std::string within, over, reason;
   } rows[] = {
       {structures(125, ""), structures(127, ""), "more than 128 levels of elements"},
-      {attributes(2048), attributes(2049), tooMany},
-      {structures(1, properties(2048)), structures(1, properties(2049)), tooMany},
-      {properties(2048), properties(2049), tooMany},
+      {attributes(2048), attributes(2049), "more than 2,048 fields of one structure"},
+      {structures(1, properties(2048)), structures(1, properties(2049)),
+       "more than 2,048 fields of one structure"},
+      {properties(2048), properties(2049), "more than 2,048 properties of one namespace"},
+      {structures(1, value + properties(2048)), structures(1, value + properties(2049)),
+       "more than 2,048 qualifiers of one value"},
       {namespaces(1024), namespaces(1025), "more than 1,024 namespaces"},
       {named(256), named(257), "a name of more than 256 bytes"},
       {declared(64, 200), declared(65, 200), "a namespace prefix of more than 64 bytes"},

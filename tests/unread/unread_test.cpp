@@ -141,6 +141,19 @@ TEST(Unread, FieldsThatNoRecordCovers) {
             "vxSrLayout:repeats[1] vxSRRep:vnr\n");
 }
 
+// What a Get takes for another value is dropped by a Set; another spelling of one is not.
+TEST(Unread, TextsThatAreReadAsSomethingElse) {
+  const std::string ink = "name type frequency=0x10 angle=45.0 r=1e0 g b ";
+  const Loaded xmp(list("vxGr:inks", "Seq",
+                        {elements("vxInk:", ink + "attribute=opaque omask=True"),
+                         elements("vxInk:", ink + "attribute=normal omask=true")}) +
+                   list("vxDGCL:dgcs", "Bag",
+                        {"<vxDGC:name>a</vxDGC:name><vxDGC:values>0 fifty 100 </vxDGC:values>",
+                         "<vxDGC:name>b</vxDGC:name><vxDGC:values>0 50 1e2 </vxDGC:values>"}));
+  EXPECT_EQ(itemsText(xmp), "");
+  EXPECT_EQ(fieldsText(xmp), "vxGr:inks[1] vxInk:attribute\nvxDGCL:dgcs[1] vxDGC:values\n");
+}
+
 TEST(Unread, HandleWithoutMetadata) {
   const Empty xmp;
   Rows items(1);

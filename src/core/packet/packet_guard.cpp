@@ -37,8 +37,8 @@ void checkLength(const GuardedName& name) {
 
 [[noreturn]] void refuseValues() { throw PacketRefused("more than 16 rdf:value of one property"); }
 
-[[noreturn]] void refuseCount() {
-  throw PacketRefused("more than 2,048 properties of one namespace, or fields of one structure");
+[[noreturn]] void refuseCount(const char* what) {
+  throw PacketRefused(std::string("more than 2,048 ") + what);
 }
 
 }  // namespace
@@ -99,7 +99,10 @@ void PacketGuard::countChild(Element& parent, const GuardedName& name) {
     return;
   }
   std::uint32_t& count = parent.isTopLevel ? name.schema->namedChildren : parent.namedChildren;
-  if (++count > limits::kNamedChildren) refuseCount();
+  if (++count <= limits::kNamedChildren) return;
+  refuseCount(parent.isTopLevel   ? "properties of one namespace"
+              : parent.values > 0 ? "qualifiers of one value"
+                                  : "fields of one structure");
 }
 
 }  // namespace xmpl

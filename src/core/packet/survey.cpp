@@ -18,6 +18,7 @@ constexpr std::size_t kItemBytes = 12;
 constexpr std::size_t kStructureBytes = 25;
 constexpr std::size_t kIndentBytes = 3;
 
+bool isOwn(const XMP_Node* node) { return isOwnProperty(node->name); }
 bool isArray(const XMP_Node& node) { return (node.options & kXMP_PropValueIsArray) != 0; }
 
 class Surveyor {
@@ -26,7 +27,8 @@ class Surveyor {
     for (const XMP_Node* schema : tree.children) {
       if (schema == nullptr) refuseHalfMade();
       names_.declare(schema->value, schema->name);
-      countNamed(schema->children, [](const XMP_Node* each) { return isOwnProperty(each->name); });
+      countNamed(schema->children, isOwn,
+                 "Packet not written: more than 2,048 properties of one namespace");
       named(schema->children, kOuterElements + 1);
     }
     return {std::move(names_).namespaces(), bytes_};
@@ -75,13 +77,15 @@ class Surveyor {
     bytes_ += kIndentBytes * depth;
     if (isArray(node)) return items(node, depth + 2);
     bytes_ += kStructureBytes;
-    countNamed(node.children, [](const XMP_Node* each) { return isOwnProperty(each->name); });
+    countNamed(node.children, isOwn, "Packet not written: more than 2,048 fields of one structure");
     named(node.children, depth + 1);
   }
 
   // The value's elements first, as the toolkit declares their prefixes.
   void qualified(const XMP_Node& node, std::size_t depth) {
-    countNamed(node.qualifiers, [](const XMP_Node*) { return false; });
+    countNamed(
+        node.qualifiers, [](const XMP_Node*) { return false; },
+        "Packet not written: more than 2,048 qualifiers of one value");
     const auto isGeneral = [](const XMP_Node* qualifier) {
       if (qualifier == nullptr) refuseHalfMade();
       return !isAttributeQualifier(qualifier->name);
@@ -107,14 +111,15 @@ class Surveyor {
   }
 
   template <class IsExempt>
-  static void countNamed(const XMP_NodeOffspring& nodes, const IsExempt& isExempt) {
+  static void countNamed(const XMP_NodeOffspring& nodes, const IsExempt& isExempt,
+                         const char* why) {
     if (nodes.size() <= limits::kNamedChildren) return;
     for (const XMP_Node* node : nodes) {
       if (node == nullptr) refuseHalfMade();
     }
     const auto exempt = std::count_if(nodes.begin(), nodes.end(), isExempt);
     if (nodes.size() - static_cast<std::size_t>(exempt) > limits::kNamedChildren) {
-      refuseToWrite("Packet not written: more than 2,048 properties, fields or qualifiers");
+      refuseToWrite(why);
     }
   }
 

@@ -68,7 +68,7 @@ OwnedNode newDefaultText(const char* text) {
 // One walk through the stored nodes and their rewritten likes.
 class DroppedNodes {
  public:
-  explicit DroppedNodes(const VisitDropped& visit) : visit_(visit) {}
+  DroppedNodes(IsSameText* isSame, const VisitDropped& visit) : isSame_(isSame), visit_(visit) {}
 
   void inList(const XMP_Node& stored, const XMP_Node& rewritten) {
     inQualifiers(stored, rewritten, "");
@@ -85,7 +85,10 @@ class DroppedNodes {
       return;
     }
     inQualifiers(stored, *rewritten, path);
-    if ((stored.options & kXMP_PropValueIsArray) != 0) {
+    const XMP_OptionBits form = stored.options & kXMP_PropCompositeMask;
+    if (form == 0) {
+      if (!isSame_(stored.value, rewritten->value)) visit_(item_, path, stored);
+    } else if ((form & kXMP_PropValueIsArray) != 0) {
       inItems(stored, *rewritten, path);
     } else {
       for (const XMP_Node* field : stored.children) {
@@ -109,6 +112,7 @@ class DroppedNodes {
     }
   }
 
+  IsSameText* isSame_;
   const VisitDropped& visit_;
   std::size_t item_ = 0;
 };
@@ -216,8 +220,9 @@ OwnedNode detachedArray(ArrayKind kind) {
   return array;
 }
 
-void forEachDropped(const XMP_Node& stored, const XMP_Node& rewritten, const VisitDropped& visit) {
-  DroppedNodes(visit).inList(stored, rewritten);
+void forEachDropped(const XMP_Node& stored, const XMP_Node& rewritten, IsSameText* isSame,
+                    const VisitDropped& visit) {
+  DroppedNodes(isSame, visit).inList(stored, rewritten);
 }
 
 }  // namespace xmpl

@@ -65,10 +65,13 @@ using OwnedNode = std::unique_ptr<XMP_Node, DeleteNode>;
 OwnedNode detachedArray(ArrayKind kind);
 
 // Calls `visit` for all that the array `stored`, or one of its items that `rewritten` has too,
-// holds and `rewritten` does not: fields, qualifiers, values of another form. Items that
-// `rewritten` lacks are not looked at, in no array. `path` begins below the item.
+// holds and `rewritten` does not: fields, qualifiers, values of another form, texts that are not
+// the same. Items that `rewritten` lacks are not looked at, in no array. `path` begins below the
+// item.
 using VisitDropped =
     std::function<void(std::size_t item, const std::string& path, const XMP_Node&)>;
-void forEachDropped(const XMP_Node& stored, const XMP_Node& rewritten, const VisitDropped& visit);
+using IsSameText = bool(const std::string& stored, const std::string& rewritten);
+void forEachDropped(const XMP_Node& stored, const XMP_Node& rewritten, IsSameText* isSame,
+                    const VisitDropped& visit);
 
 }  // namespace xmpl
