@@ -71,7 +71,9 @@ class XMPLIB_API XMPlib {
   XMPlib();
 
   /// A second handle onto the same metadata object: each sees the other's changes. Its error text
-  /// starts empty. The source is not changed.
+  /// starts empty. The source is not changed, but may not be const: into a std::vector goes a
+  /// second handle by emplace_back(handle), a clone by push_back(handle.CloneXAP());
+  /// push_back(handle) does not compile.
   XMPlib(XMPlib& other);
 
   /// Takes the other handle's share, its error text and its packet text. `other` is afterwards
@@ -96,16 +98,17 @@ class XMPLIB_API XMPlib {
   static std::int32_t Version();
 
   /// The error text of the last operation that sets it; empty when that met no error. RemoveXAP,
-  /// SimplifyExtRefs, ExpandExtRefs and what says so leave it alone. The reference holds as long as
-  /// the handle, its text until the next operation: pass a copy to one.
+  /// CloneXAP, SimplifyExtRefs, ExpandExtRefs and what says so leave it alone. The reference holds
+  /// as long as the handle, its text until the next operation: pass a copy to one.
   const std::string& ErrStr() const;
 
   /// Replaces the handle's metadata object by a new, empty one. Other handles that share the old
   /// object keep it. Throws as the constructor does; the handle is then without metadata.
   void CreateXAP();
 
-  /// Takes the metadata object from this handle. Deliberately takes no lock: no other thread may
-  /// make, copy or destroy a handle meanwhile.
+  /// Takes the metadata object from this handle. Deliberately takes no lock: meanwhile no other
+  /// thread may make, copy, clone, assign or destroy a handle, nor be in CreateXAP, RemoveXAP,
+  /// SetXML or either MergeXML.
   void RemoveXAP();
   /// @}
 
@@ -126,9 +129,9 @@ class XMPLIB_API XMPlib {
 
   /// The metadata as RDF in an x:xmpmeta element, without packet wrapper. Empty without a metadata
   /// object (ErrStr() is empty then too), after a toolkit error, and when it would be more than 256
-  /// MiB: SetXML takes no more. The reference holds as long as the handle is not moved from, its
-  /// text until the next GetXML or GetXMLPacket. Settles language alternatives: the default goes
-  /// first, and beside it a single other language gets its text.
+  /// MiB: SetXML takes no more. The reference holds as long as the handle, its text until the next
+  /// GetXML or GetXMLPacket, or until the handle is moved from or assigned to. Settles language
+  /// alternatives: the default goes first, and beside it a single other item gets its text.
   const std::string& GetXML() const;
 
   /// As GetXML, as a writeable packet in its wrapper, with `padding` blanks for changes in place: a
