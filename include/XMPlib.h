@@ -163,7 +163,10 @@ class XMPLIB_API XMPlib {
   /// The array of inks is looked at as GetInks reads it; with `filmInks`, as GetInksDigFilm does. A
   /// Get of one kind reads no inks of the other. Coverage counts as read where its ink is. What
   /// SetUsedDigitalJobRefs wrote is always listed: its Get does not find it. A list that has no Get
-  /// (SetMetaDataDigFilms) is not looked at. Takes time in step with the packet's size.
+  /// (SetMetaDataDigFilms) is not looked at. Each layout of the external references is looked at by
+  /// itself: what stands in the old one alone is not listed when it can be read, though a
+  /// GetExtRefs that reads the current one and a SetExtRefs delete it. Takes time in step with the
+  /// packet's size.
   bool GetUnreadItems(std::vector<XMPlUnreadItems>& unread) const;
   /// As above, with the inks of a digital film when `filmInks` is true.
   bool GetUnreadItems(std::vector<XMPlUnreadItems>& unread, bool filmInks) const;
@@ -382,7 +385,8 @@ class XMPLIB_API XMPlib {
   /// throws: then `refs` holds the list as stored, and ErrStr() tells of its reading.
   bool GetExtRefs(std::vector<XMPlExtRef>& refs, bool verbatim) const;
   bool GetExtRefs(std::vector<XMPlExtRef>& refs) const;  ///< not verbatim
-  /// Writes both layouts.
+  /// Writes both layouts: what stood in the old one alone is gone, unless GetExtRefs had read it
+  /// from there.
   bool SetExtRefs(const std::vector<XMPlExtRef>& refs, bool verbatim);
   bool SetExtRefs(const std::vector<XMPlExtRef>& refs);  ///< not verbatim
   /// The old layout alone: it holds `instanceID` and `renditionClass`; other fields keep their
