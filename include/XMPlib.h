@@ -117,14 +117,15 @@ class XMPLIB_API XMPlib {
 
   /// Replaces the metadata by the packet in `text` (with or without packet wrapper). Handles that
   /// shared the old metadata object keep it. Always answers true: a packet that cannot be read
-  /// shows in ErrStr() alone. An empty text is empty metadata, not an error. Throws as CreateXAP
-  /// does.
+  /// shows in ErrStr() alone. An empty text is empty metadata, not an error; nor need well-formed
+  /// XML without an rdf:RDF, a web page for example, be one: GetXML() is then that of a new handle,
+  /// as for a packet that holds nothing. Throws as CreateXAP does.
   ///
   /// ErrStr() is the toolkit's message, for malformed XML with line and column, or a refusal of
-  /// this library's, with both: for the depth of elements, the number of properties, fields,
-  /// qualifiers and namespaces, the length of names, the size of the text, a DOCTYPE, or an
-  /// encoding that is not known. [docs/limits.md](docs/limits.md) has the figures. The metadata is
-  /// empty then.
+  /// this library's, with both where it ended the parse: for the depth of elements, the number of
+  /// properties, fields, qualifiers and namespaces, the length of names, the size of the text, a
+  /// DOCTYPE, or an encoding that is not known. [docs/limits.md](docs/limits.md) has the figures
+  /// and the places. The metadata is empty then.
   bool SetXML(const std::string& text);
 
   /// The metadata as RDF in an x:xmpmeta element, without packet wrapper. Empty without a metadata
@@ -472,7 +473,7 @@ class XMPLIB_API XMPlib {
   /// flag. A list of the packet that meets an error is passed over as a whole. Always true.
   /// Does not empty the error text itself: ErrStr() is what the last Merge that ran has left, and
   /// the error text from before when none ran (a packet that cannot be read has no lists). To find
-  /// out whether it can be read:
+  /// out whether it can be read (SetXML says how XML that is no packet shows):
   ///
   ///     XMPlib other;
   ///     other.SetXML(packetText);  // other.ErrStr() is empty when it can
