@@ -485,7 +485,8 @@ class XMPLIB_API XMPlib {
   /// Merges the packets of several digital films into one job on this handle. The first packet that
   /// is complete (dimensions, inks, colour space, screens, used references, page ranges) is the
   /// base and gives the document's records; each later packet that has inks, screens and page
-  /// ranges adds its inks, their screen groups, its DGC curves, and by `mode`:
+  /// ranges adds its inks, their screen groups, its DGC curves (of one name the first), and by
+  /// `mode`:
   /// - 0, separations of the same pages: each added ink gets the next ink number in the first page
   ///   range; the film version's structure becomes "Composite".
   /// - 1, further pages: the packet's first page range is renumbered to follow the stored ones; the
@@ -496,11 +497,12 @@ class XMPLIB_API XMPlib {
   /// first packet is loaded as by SetXML. None at all: nothing happens. Always true; ErrStr() is
   /// what the last SetPagRanges or SetXML left: errors of other writes are lost. Incomplete packets
   /// are passed over silently, but the version, the document and the job data of one before the
-  /// base stay where the base has none; document data is read only with a version, job data only
-  /// with both. A range without inks gets 1 as its first; later pages and inks are numbered as if
-  /// both counted from 0. A screen group that a later packet lacks is empty, and so is where
-  /// GetScreenContainer stops; the base's groups are taken as they are. XMP_Error from the version,
-  /// the dimensions or the inks of a packet, and what GetDgcs throws, pass to the caller with this
+  /// base stay where they are not read from the base: the document data is read, present or not,
+  /// where there is a version, the job data where there are both. A range without inks gets 1 as
+  /// its first; later pages and inks are numbered as if both counted from 0. A screen group that a
+  /// later packet lacks is empty, and so is where GetScreenContainer stops; the base's groups and
+  /// curves are taken as they are. XMP_Error from the version or the dimensions of a packet up to
+  /// the base, or from the inks of any, and what GetDgcs throws, pass to the caller with this
   /// handle unchanged; XMP_Error from writing the dimensions, and std::bad_alloc, with a part of
   /// the records written.
   bool MergeXML(const std::vector<std::string>& packets, int mode, bool writeBookAndName);
@@ -510,13 +512,15 @@ class XMPLIB_API XMPlib {
   /// stays as it is, but gets the qualifiers that it lacks; an array or structure that exists here
   /// gets the fields that it lacks and, by position, the items. URIs become plain texts. Leaves
   /// out: the private namespaces, all that begin with `http://ns.adobe.com/xap/`, what in dc begins
-  /// with "description" or "format", and the values of pdf:Producer, pdf:Version and pdf:Trapped.
-  /// Answers whether there was any other node, copied or not. Leaves the error text alone; a
-  /// toolkit error (XMP_Error: a text here, a filled array or structure there; an array against a
-  /// structure) passes to the caller, with the nodes copied so far. False when either handle is
-  /// without metadata. Where the outcome could not be saved and loaded again (a limit of
-  /// docs/limits.md, plain items in a language alternative), XMP_Error says why, and nothing is
-  /// changed.
+  /// with "description" or "format", and the texts of pdf:Producer, pdf:Version and pdf:Trapped,
+  /// but not their qualifiers, fields and items. Answers whether there was any other node, copied
+  /// or not. Leaves the error text alone; a toolkit error (XMP_Error: a filled array or structure
+  /// there against a text, or the other of the two, here; of those three, where nothing is here, a
+  /// filled array, or a filled structure with qualifiers) passes to the caller, with the nodes
+  /// copied so far. False when either handle is without metadata. Where the outcome could not be
+  /// saved and loaded again (a limit of docs/limits.md but for that of size; an item without a
+  /// language in a language alternative, unless the default stands before it), XMP_Error says why,
+  /// and nothing is changed.
   bool MergeNonOrvo(const XMPlib* other);
 
   /// Whether dc:format says that this is an Illustrator document,
