@@ -403,17 +403,18 @@ class XMPLIB_API XMPlib {
 
   /// The list with runs of numbered images compacted: references of type "image" and page 0 whose
   /// name ends in "_", 3 to 9 digits and an extension. Other references come first, unchanged; then
-  /// the runs. Images that differ in nothing but their number's value are a group: all its runs,
-  /// and its single images too, have the rendition class of its first member in `refs`, and as
-  /// `count` the number of their files. A number that comes twice begins a run anew. The extension
-  /// is all behind the digits, with one "." at its front: "a_001.tif.gz" is not numbered. Works on
-  /// `refs` alone.
+  /// the runs. Images whose names differ in nothing but their number's value are a group: all its
+  /// runs, and its single images too, have the rendition class of its first member in `refs`, and
+  /// as `count` the number of their files. A number that comes twice begins a run anew. The
+  /// extension is all behind the digits, with one "." at its front: "a_001.tif.gz" is not numbered.
+  /// Works on `refs` alone.
   std::vector<XMPlExtRef> SimplifyExtRefs(const std::vector<XMPlExtRef>& refs) const;
-  /// The list with compacted runs ("files:...") expanded in their places, each file's name
-  /// beginning with "file:". Works on `refs` alone. Throws std::logic_error, "bad extref", for a
-  /// run without "*", "#" or, behind the last "#", "-"; numbers are read as far as they are digits.
-  /// Throws std::length_error for a list with runs that would be more than a packet may hold, were
-  /// it expanded and stored: 256 MiB, or some 480,000 files with short names.
+  /// The list with compacted runs ("files:...", in any case of letters) expanded in their places,
+  /// each file's name beginning with "file:". Works on `refs` alone. Throws std::logic_error, "bad
+  /// extref", for a run without "*", "#" or, behind the last "#", "-". A number is the low 32 bits
+  /// of what strtoll reads: blanks, a sign and digits, as far as they go; 0 without digits. Throws
+  /// std::length_error for a list with runs that would be more than a packet may hold, were it
+  /// expanded and stored: 256 MiB, or some 480,000 files with short names.
   std::vector<XMPlExtRef> ExpandExtRefs(const std::vector<XMPlExtRef>& refs) const;
 
   /// The structural design (CAD) files. Only `instanceID` and `renditionClass` are stored; other
