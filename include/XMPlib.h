@@ -136,9 +136,10 @@ class XMPLIB_API XMPlib {
   const std::string& GetXML() const;
 
   /// As GetXML, as a writeable packet in its wrapper, with `padding` blanks for changes in place: a
-  /// packet with a padding of n is n bytes longer than one with none would be, for every n from 1.
-  /// 0 is the toolkit's default padding, 2,048. A negative one, and one of 268,435,456 (256 MiB) or
-  /// more, is a toolkit error. The first argument has no effect.
+  /// packet with a padding of n is n bytes longer than one with none would be, for every n from 1
+  /// with which it is not more than 256 MiB. 0 is the toolkit's default padding, 2,048. A negative
+  /// one, and one of 268,435,456 (256 MiB) or more, is a toolkit error. The first argument has no
+  /// effect.
   const std::string& GetXMLPacket(bool unused, int padding) const;
 
   /// Prints every node of the metadata to standard output, a line each unless its value has line
@@ -151,7 +152,8 @@ class XMPLIB_API XMPlib {
   /// toolkit error (XMP_Error) passes to the caller. So does one of this library's, with nothing
   /// changed, for what could not be loaded again as it is: a name that XML does not allow, a path
   /// or a number of properties over a limit of docs/limits.md, a qualifier that RDF gives a
-  /// meaning. Without a metadata object, nothing is done.
+  /// meaning. What a load only changes as docs/limits.md says may pass, a text as dc:title for
+  /// example. Without a metadata object, nothing is done.
   void SetProperty_Float(const char* schemaNS, const char* propName, double value);
   /// @}
 
@@ -250,8 +252,8 @@ class XMPLIB_API XMPlib {
   bool GetProdData(XMPlProdData& product) const;
   bool SetProdData(const XMPlProdData& product);  ///< writes the product; three-way fields
 
-  /// The document's own data. True when at least one of the six properties exists; absent ones are
-  /// empty.
+  /// The document's own data. True when at least one of the six properties exists, of the
+  /// description the text in the default language; absent ones are empty.
   bool GetDocumentData(XMPlDocData& data) const;
   /// Three-way fields; a date "now" is the current date and time, one and the same for all dates of
   /// the call. A description replaces those in all languages, and a blank deletes all. It is stored
@@ -271,7 +273,7 @@ class XMPLIB_API XMPlib {
   bool SetDigitalFilmVersionDetailed(const XMPlDigFilmVersion& version);  ///< writes all fields
 
   /// The document that this one was derived from: only `instanceID` and `renditionClass` take part.
-  /// True when both exist. The first is stored as soon as it is found; an absent one is unchanged.
+  /// True when both exist. The second is read only behind the first; what is not read is unchanged.
   bool GetBaseDoc(XMPlExtRef& base) const;
   bool SetBaseDoc(const XMPlExtRef& base);  ///< writes the two fields
 
