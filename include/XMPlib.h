@@ -71,7 +71,9 @@ class XMPLIB_API XMPlib {
   XMPlib();
 
   /// A second handle onto the same metadata object: each sees the other's changes. Its error text
-  /// starts empty. The source is not changed.
+  /// starts empty. The source is not changed, but may not be const: into a std::vector goes a
+  /// second handle by emplace_back(handle), a clone by push_back(handle.CloneXAP());
+  /// push_back(handle) does not compile.
   XMPlib(XMPlib& other);
 
   /// Takes the other handle's share, its error text and its packet text. `other` is afterwards
@@ -96,16 +98,17 @@ class XMPLIB_API XMPlib {
   static std::int32_t Version();
 
   /// The error text of the last operation that sets it; empty when that met no error. RemoveXAP,
-  /// SimplifyExtRefs, ExpandExtRefs and what says so leave it alone. The reference holds as long as
-  /// the handle, its text until the next operation: pass a copy to one.
+  /// CloneXAP, SimplifyExtRefs, ExpandExtRefs and what says so leave it alone. The reference holds
+  /// as long as the handle, its text until the next operation: pass a copy to one.
   const std::string& ErrStr() const;
 
   /// Replaces the handle's metadata object by a new, empty one. Other handles that share the old
   /// object keep it. Throws as the constructor does; the handle is then without metadata.
   void CreateXAP();
 
-  /// Takes the metadata object from this handle. Deliberately takes no lock: no other thread may
-  /// make, copy or destroy a handle meanwhile.
+  /// Takes the metadata object from this handle. Deliberately takes no lock: meanwhile no other
+  /// thread may make, copy, clone, assign or destroy a handle, nor be in CreateXAP, RemoveXAP,
+  /// SetXML or either MergeXML.
   void RemoveXAP();
   /// @}
 
@@ -114,27 +117,29 @@ class XMPLIB_API XMPlib {
 
   /// Replaces the metadata by the packet in `text` (with or without packet wrapper). Handles that
   /// shared the old metadata object keep it. Always answers true: a packet that cannot be read
-  /// shows in ErrStr() alone. An empty text is empty metadata, not an error. Throws as CreateXAP
-  /// does.
+  /// shows in ErrStr() alone. An empty text is empty metadata, not an error; nor need well-formed
+  /// XML without an rdf:RDF, a web page for example, be one: GetXML() is then that of a new handle,
+  /// as for a packet that holds nothing. Throws as CreateXAP does.
   ///
   /// ErrStr() is the toolkit's message, for malformed XML with line and column, or a refusal of
-  /// this library's, with both: for the depth of elements, the number of properties, fields,
-  /// qualifiers and namespaces, the length of names, the size of the text, a DOCTYPE, or an
-  /// encoding that is not known. [docs/limits.md](docs/limits.md) has the figures. The metadata is
-  /// empty then.
+  /// this library's, with both where it ended the parse: for the depth of elements, the number of
+  /// properties, fields, qualifiers and namespaces, the length of names, the size of the text, a
+  /// DOCTYPE, or an encoding that is not known. [docs/limits.md](docs/limits.md) has the figures
+  /// and the places. The metadata is empty then.
   bool SetXML(const std::string& text);
 
   /// The metadata as RDF in an x:xmpmeta element, without packet wrapper. Empty without a metadata
   /// object (ErrStr() is empty then too), after a toolkit error, and when it would be more than 256
-  /// MiB: SetXML takes no more. The reference holds as long as the handle is not moved from, its
-  /// text until the next GetXML or GetXMLPacket. Settles language alternatives: the default goes
-  /// first, and beside it a single other language gets its text.
+  /// MiB: SetXML takes no more. The reference holds as long as the handle, its text until the next
+  /// GetXML or GetXMLPacket, or until the handle is moved from or assigned to. Settles language
+  /// alternatives: the default goes first, and beside it a single other item gets its text.
   const std::string& GetXML() const;
 
   /// As GetXML, as a writeable packet in its wrapper, with `padding` blanks for changes in place: a
-  /// packet with a padding of n is n bytes longer than one with none would be, for every n from 1.
-  /// 0 is the toolkit's default padding, 2,048. A negative one, and one of 268,435,456 (256 MiB) or
-  /// more, is a toolkit error. The first argument has no effect.
+  /// packet with a padding of n is n bytes longer than one with none would be, for every n from 1
+  /// with which it is not more than 256 MiB. 0 is the toolkit's default padding, 2,048. A negative
+  /// one, and one of 268,435,456 (256 MiB) or more, is a toolkit error. The first argument has no
+  /// effect.
   const std::string& GetXMLPacket(bool unused, int padding) const;
 
   /// Prints every node of the metadata to standard output, a line each unless its value has line
@@ -147,7 +152,8 @@ class XMPLIB_API XMPlib {
   /// toolkit error (XMP_Error) passes to the caller. So does one of this library's, with nothing
   /// changed, for what could not be loaded again as it is: a name that XML does not allow, a path
   /// or a number of properties over a limit of docs/limits.md, a qualifier that RDF gives a
-  /// meaning. Without a metadata object, nothing is done.
+  /// meaning. What a load only changes as docs/limits.md says may pass, a text as dc:title for
+  /// example. Without a metadata object, nothing is done.
   void SetProperty_Float(const char* schemaNS, const char* propName, double value);
   /// @}
 
@@ -160,7 +166,10 @@ class XMPLIB_API XMPlib {
   /// The array of inks is looked at as GetInks reads it; with `filmInks`, as GetInksDigFilm does. A
   /// Get of one kind reads no inks of the other. Coverage counts as read where its ink is. What
   /// SetUsedDigitalJobRefs wrote is always listed: its Get does not find it. A list that has no Get
-  /// (SetMetaDataDigFilms) is not looked at. Takes time in step with the packet's size.
+  /// (SetMetaDataDigFilms) is not looked at. Each layout of the external references is looked at by
+  /// itself: what stands in the old one alone is not listed when it can be read, though a
+  /// GetExtRefs that reads the current one and a SetExtRefs delete it. Takes time in step with the
+  /// packet's size.
   bool GetUnreadItems(std::vector<XMPlUnreadItems>& unread) const;
   /// As above, with the inks of a digital film when `filmInks` is true.
   bool GetUnreadItems(std::vector<XMPlUnreadItems>& unread, bool filmInks) const;
@@ -245,8 +254,8 @@ class XMPLIB_API XMPlib {
   bool GetProdData(XMPlProdData& product) const;
   bool SetProdData(const XMPlProdData& product);  ///< writes the product; three-way fields
 
-  /// The document's own data. True when at least one of the six properties exists; absent ones are
-  /// empty.
+  /// The document's own data. True when at least one of the six properties exists, of the
+  /// description the text in the default language; absent ones are empty.
   bool GetDocumentData(XMPlDocData& data) const;
   /// Three-way fields; a date "now" is the current date and time, one and the same for all dates of
   /// the call. A description replaces those in all languages, and a blank deletes all. It is stored
@@ -266,7 +275,7 @@ class XMPLIB_API XMPlib {
   bool SetDigitalFilmVersionDetailed(const XMPlDigFilmVersion& version);  ///< writes all fields
 
   /// The document that this one was derived from: only `instanceID` and `renditionClass` take part.
-  /// True when both exist. The first is stored as soon as it is found; an absent one is unchanged.
+  /// True when both exist. The second is read only behind the first; what is not read is unchanged.
   bool GetBaseDoc(XMPlExtRef& base) const;
   bool SetBaseDoc(const XMPlExtRef& base);  ///< writes the two fields
 
@@ -381,7 +390,8 @@ class XMPLIB_API XMPlib {
   /// throws: then `refs` holds the list as stored, and ErrStr() tells of its reading.
   bool GetExtRefs(std::vector<XMPlExtRef>& refs, bool verbatim) const;
   bool GetExtRefs(std::vector<XMPlExtRef>& refs) const;  ///< not verbatim
-  /// Writes both layouts.
+  /// Writes both layouts: what stood in the old one alone is gone, unless GetExtRefs had read it
+  /// from there.
   bool SetExtRefs(const std::vector<XMPlExtRef>& refs, bool verbatim);
   bool SetExtRefs(const std::vector<XMPlExtRef>& refs);  ///< not verbatim
   /// The old layout alone: it holds `instanceID` and `renditionClass`; other fields keep their
@@ -397,17 +407,18 @@ class XMPLIB_API XMPlib {
 
   /// The list with runs of numbered images compacted: references of type "image" and page 0 whose
   /// name ends in "_", 3 to 9 digits and an extension. Other references come first, unchanged; then
-  /// the runs. Images that differ in nothing but their number's value are a group: all its runs,
-  /// and its single images too, have the rendition class of its first member in `refs`, and as
-  /// `count` the number of their files. A number that comes twice begins a run anew. The extension
-  /// is all behind the digits, with one "." at its front: "a_001.tif.gz" is not numbered. Works on
-  /// `refs` alone.
+  /// the runs. Images whose names differ in nothing but their number's value are a group: all its
+  /// runs, and its single images too, have the rendition class of its first member in `refs`, and
+  /// as `count` the number of their files. A number that comes twice begins a run anew. The
+  /// extension is all behind the digits, with one "." at its front: "a_001.tif.gz" is not numbered.
+  /// Works on `refs` alone.
   std::vector<XMPlExtRef> SimplifyExtRefs(const std::vector<XMPlExtRef>& refs) const;
-  /// The list with compacted runs ("files:...") expanded in their places, each file's name
-  /// beginning with "file:". Works on `refs` alone. Throws std::logic_error, "bad extref", for a
-  /// run without "*", "#" or, behind the last "#", "-"; numbers are read as far as they are digits.
-  /// Throws std::length_error for a list with runs that would be more than a packet may hold, were
-  /// it expanded and stored: 256 MiB, or some 480,000 files with short names.
+  /// The list with compacted runs ("files:...", in any case of letters) expanded in their places,
+  /// each file's name beginning with "file:". Works on `refs` alone. Throws std::logic_error, "bad
+  /// extref", for a run without "*", "#" or, behind the last "#", "-". A number is the low 32 bits
+  /// of what strtoll reads: blanks, a sign and digits, as far as they go; 0 without digits. Throws
+  /// std::length_error for a list with runs that would be more than a packet may hold, were it
+  /// expanded and stored: 256 MiB, or some 480,000 files with short names.
   std::vector<XMPlExtRef> ExpandExtRefs(const std::vector<XMPlExtRef>& refs) const;
 
   /// The structural design (CAD) files. Only `instanceID` and `renditionClass` are stored; other
@@ -467,7 +478,7 @@ class XMPLIB_API XMPlib {
   /// flag. A list of the packet that meets an error is passed over as a whole. Always true.
   /// Does not empty the error text itself: ErrStr() is what the last Merge that ran has left, and
   /// the error text from before when none ran (a packet that cannot be read has no lists). To find
-  /// out whether it can be read:
+  /// out whether it can be read (SetXML says how XML that is no packet shows):
   ///
   ///     XMPlib other;
   ///     other.SetXML(packetText);  // other.ErrStr() is empty when it can
@@ -479,7 +490,8 @@ class XMPLIB_API XMPlib {
   /// Merges the packets of several digital films into one job on this handle. The first packet that
   /// is complete (dimensions, inks, colour space, screens, used references, page ranges) is the
   /// base and gives the document's records; each later packet that has inks, screens and page
-  /// ranges adds its inks, their screen groups, its DGC curves, and by `mode`:
+  /// ranges adds its inks, their screen groups, its DGC curves (of one name the first), and by
+  /// `mode`:
   /// - 0, separations of the same pages: each added ink gets the next ink number in the first page
   ///   range; the film version's structure becomes "Composite".
   /// - 1, further pages: the packet's first page range is renumbered to follow the stored ones; the
@@ -490,11 +502,12 @@ class XMPLIB_API XMPlib {
   /// first packet is loaded as by SetXML. None at all: nothing happens. Always true; ErrStr() is
   /// what the last SetPagRanges or SetXML left: errors of other writes are lost. Incomplete packets
   /// are passed over silently, but the version, the document and the job data of one before the
-  /// base stay where the base has none; document data is read only with a version, job data only
-  /// with both. A range without inks gets 1 as its first; later pages and inks are numbered as if
-  /// both counted from 0. A screen group that a later packet lacks is empty, and so is where
-  /// GetScreenContainer stops; the base's groups are taken as they are. XMP_Error from the version,
-  /// the dimensions or the inks of a packet, and what GetDgcs throws, pass to the caller with this
+  /// base stay where they are not read from the base: the document data is read, present or not,
+  /// where there is a version, the job data where there are both. A range without inks gets 1 as
+  /// its first; later pages and inks are numbered as if both counted from 0. A screen group that a
+  /// later packet lacks is empty, and so is where GetScreenContainer stops; the base's groups and
+  /// curves are taken as they are. XMP_Error from the version or the dimensions of a packet up to
+  /// the base, or from the inks of any, and what GetDgcs throws, pass to the caller with this
   /// handle unchanged; XMP_Error from writing the dimensions, and std::bad_alloc, with a part of
   /// the records written.
   bool MergeXML(const std::vector<std::string>& packets, int mode, bool writeBookAndName);
@@ -504,13 +517,15 @@ class XMPLIB_API XMPlib {
   /// stays as it is, but gets the qualifiers that it lacks; an array or structure that exists here
   /// gets the fields that it lacks and, by position, the items. URIs become plain texts. Leaves
   /// out: the private namespaces, all that begin with `http://ns.adobe.com/xap/`, what in dc begins
-  /// with "description" or "format", and the values of pdf:Producer, pdf:Version and pdf:Trapped.
-  /// Answers whether there was any other node, copied or not. Leaves the error text alone; a
-  /// toolkit error (XMP_Error: a text here, a filled array or structure there; an array against a
-  /// structure) passes to the caller, with the nodes copied so far. False when either handle is
-  /// without metadata. Where the outcome could not be saved and loaded again (a limit of
-  /// docs/limits.md, plain items in a language alternative), XMP_Error says why, and nothing is
-  /// changed.
+  /// with "description" or "format", and the texts of pdf:Producer, pdf:Version and pdf:Trapped,
+  /// but not their qualifiers, fields and items. Answers whether there was any other node, copied
+  /// or not. Leaves the error text alone; a toolkit error (XMP_Error: a filled array or structure
+  /// there against a text, or the other of the two, here; of those three, where nothing is here, a
+  /// filled array, or a filled structure with qualifiers) passes to the caller, with the nodes
+  /// copied so far. False when either handle is without metadata. Where the outcome could not be
+  /// saved and loaded again (a limit of docs/limits.md but for that of size; an item without a
+  /// language in a language alternative, unless the default stands before it), XMP_Error says why,
+  /// and nothing is changed.
   bool MergeNonOrvo(const XMPlib* other);
 
   /// Whether dc:format says that this is an Illustrator document,

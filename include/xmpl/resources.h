@@ -14,7 +14,9 @@
 
 /// A file that the document refers to.
 struct XMPlExtRef {
-  std::string instanceID;      ///< file name or URI; "files:..." for a run of numbered files
+  /// File name or URI. One that begins with "files:", in any case of letters, is a run of numbered
+  /// files.
+  std::string instanceID;
   std::string renditionClass;  ///< which rendition of the file is meant
   std::int32_t pagenr = -1;    ///< page of the file; 0: no pages, as in a numbered run; -1: unknown
   std::string type;            ///< kind of resource; numbered files of type "image" are compacted
@@ -44,7 +46,7 @@ struct XMPlFont {
   XMPLIB_API bool operator<(const XMPlFont& other) const;
 };
 
-/// A barcode. The units of its reals are the application's; they are stored unchanged.
+/// A barcode. The units of its reals are the application's; nothing is converted.
 struct XMPlBarcode {
   std::string type;                    ///< kind of barcode, free text
   std::string symbolType;              ///< symbology, free text; may be empty

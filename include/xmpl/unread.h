@@ -15,7 +15,9 @@ struct XMPlUnreadItems {
   std::string list;
   std::int32_t stored = 0;  ///< number of stored items; 0 also for what is no array
   std::int32_t read = 0;    ///< number of items that the Get reads
-  /// What stopped it: the required field that item `read` + 1 lacks ("vxFont:type"), or the error.
+  /// What stopped it: the required field that item `read` + 1 lacks ("vxFont:type"; of a group of
+  /// screens one that its first screen lacks or, where it has none, would need); the error; or, of
+  /// coverage behind the last ink, "no such ink".
   std::string reason;
 };
 
@@ -23,7 +25,9 @@ struct XMPlUnreadItems {
 struct XMPlUnreadField {
   std::string list;       ///< as in XMPlUnreadItems
   std::int32_t item = 0;  ///< its number, from 1; 0: the list itself
-  std::string field;      ///< its path below the item: "x:note", "vxFont:name/?xml:lang"
+  /// Its path below the item: "x:note", "vxFont:name/?xml:lang"; empty: the item as a whole, which
+  /// has another form.
+  std::string field;
 };
 
 /// @}
