@@ -10,7 +10,7 @@ namespace xmpl {
 
 struct ParseFailure {
   std::size_t line = 0;          // from 1; 0: the parse has not ended early
-  std::size_t column = 0;        // from 1, in bytes
+  std::size_t column = 0;        // from 1, in characters
   const char* reason = nullptr;  // the XML parser's; null: it was stopped
 };
 
