@@ -391,7 +391,7 @@ class XMPLIB_API XMPlib {
   bool GetExtRefs(std::vector<XMPlExtRef>& refs, bool verbatim) const;
   bool GetExtRefs(std::vector<XMPlExtRef>& refs) const;  ///< not verbatim
   /// Writes both layouts: what stood in the old one alone is gone, unless GetExtRefs had read it
-  /// from there.
+  /// from there. Throws what SimplifyExtRefs throws, and has written nothing then.
   bool SetExtRefs(const std::vector<XMPlExtRef>& refs, bool verbatim);
   bool SetExtRefs(const std::vector<XMPlExtRef>& refs);  ///< not verbatim
   /// The old layout alone: it holds `instanceID` and `renditionClass`; other fields keep their
@@ -402,7 +402,8 @@ class XMPLIB_API XMPlib {
   /// in it as one reference. Of equal references the counts are added up; an unknown count (-1)
   /// wins. A merge that changes nothing but counts deliberately leaves the packet as it is, and
   /// writing compacts: a numbered image's count is then that of its run. Throws what ExpandExtRefs
-  /// throws for the stored list, and has written nothing then.
+  /// throws for the stored list and SimplifyExtRefs for the merged one, and has written nothing
+  /// then.
   bool MergeExtRefs(const std::vector<XMPlExtRef>& refs);
 
   /// The list with runs of numbered images compacted: references of type "image" and page 0 whose
@@ -411,7 +412,8 @@ class XMPLIB_API XMPlib {
   /// runs, and its single images too, have the rendition class of its first member in `refs`, and
   /// as `count` the number of their files. A number that comes twice begins a run anew. The
   /// extension is all behind the digits, with one "." at its front: "a_001.tif.gz" is not numbered.
-  /// Works on `refs` alone.
+  /// Works on `refs` alone. Throws std::length_error for images whose runs would take twenty times
+  /// as much as the list, when they are stored: a very long rendition class and many gaps.
   std::vector<XMPlExtRef> SimplifyExtRefs(const std::vector<XMPlExtRef>& refs) const;
   /// The list with compacted runs ("files:...", in any case of letters) expanded in their places,
   /// each file's name beginning with "file:". Works on `refs` alone. Throws std::logic_error, "bad

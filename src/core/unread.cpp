@@ -2,6 +2,7 @@
 #include "core/unread.h"
 
 #include <algorithm>
+#include <cmath>
 #include <sstream>
 
 #include "core/value_text.h"
@@ -9,36 +10,37 @@
 namespace xmpl {
 namespace {
 
-template <class ValueOf>
-bool isSameAs(const std::string& stored, const std::string& rewritten, const ValueOf& valueOf) {
+// To the digits that a Set keeps.
+bool isSameReal(double stored, double rewritten) {
+  constexpr double kLeast = 1e-6, kRelative = 1e-9;
+  const bool isNumber = stored == stored;
+  if (!isNumber) return rewritten != rewritten;
+  return stored == rewritten ||
+         std::fabs(stored - rewritten) <= std::max(kLeast, kRelative * std::fabs(stored));
+}
+
+// Numbers and truth values may be spelt in other ways than a Set spells them.
+bool isSameWord(const std::string& stored, const std::string& rewritten) {
+  if (stored == rewritten) return true;
   try {
-    return valueOf(stored) == valueOf(rewritten);
+    const bool isTruth = rewritten == booleanText(true) || rewritten == booleanText(false);
+    return isTruth ? booleanText(toBoolean(stored)) == rewritten
+                   : isSameReal(toReal(stored), toReal(rewritten));
   } catch (const XMP_Error&) {  // it is no such value
     return false;
   }
 }
 
-// Numbers and truth values may be spelt in other ways than a Set spells them.
-bool isSameWord(const std::string& stored, const std::string& rewritten) {
-  constexpr int kDecimals = 6;
-  return stored == rewritten || isSameAs(stored, rewritten, toInteger) ||
-         isSameAs(stored, rewritten, toBoolean) ||
-         isSameAs(stored, rewritten,
-                  [](const std::string& word) { return fixedText(toReal(word), kDecimals); });
-}
-
-std::vector<std::string> wordsOf(const std::string& text) {
-  std::istringstream stream(text);
-  std::vector<std::string> words;
-  for (std::string word; stream >> word;) words.push_back(std::move(word));
-  return words;
-}
-
 // DGC values are several numbers in one text.
 bool isSameText(const std::string& stored, const std::string& rewritten) {
-  if (isSameWord(stored, rewritten)) return true;
-  const std::vector<std::string> before = wordsOf(stored), after = wordsOf(rewritten);
-  return std::equal(before.begin(), before.end(), after.begin(), after.end(), isSameWord);
+  if (stored == rewritten) return true;
+  std::istringstream before(stored), after(rewritten);
+  for (std::string word, other;;) {
+    const bool hasWord = static_cast<bool>(before >> word);
+    const bool hasOther = static_cast<bool>(after >> other);
+    if (!hasWord || !hasOther) return hasWord == hasOther;
+    if (!isSameWord(word, other)) return false;
+  }
 }
 
 }  // namespace

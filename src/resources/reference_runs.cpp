@@ -21,6 +21,45 @@ namespace {
 constexpr std::string_view kRunScheme = "files:";
 constexpr std::string_view kFileScheme = "file:";
 
+// --- Size ---------------------------------------------------------------------------------------
+
+// What the elements of a stored reference take in packet text, in both layouts, with indentation.
+constexpr std::size_t kElementBytes = 512;
+
+// What `files` references like `ref`, under names of `name` bytes, take when they are stored. More
+// than a packet may hold is no list but an attack.
+std::uint64_t storedBytes(std::int64_t files, std::size_t name, const XMPlExtRef& ref) {
+  const std::uint64_t each =
+      kElementBytes + 2 * (name + ref.renditionClass.size()) + ref.type.size();
+  const auto count = static_cast<std::uint64_t>(files);
+  if (count > xmpl::limits::kTextBytes / each) return xmpl::limits::kTextBytes + 1;
+  return count * each;
+}
+
+std::uint64_t storedBytes(const XMPlExtRef& ref) {
+  return storedBytes(1, ref.instanceID.size(), ref);
+}
+
+// All runs of a group have the rendition class of one image. A list of which so much more comes
+// than it takes itself is an attack too.
+class RunBudget {
+ public:
+  explicit RunBudget(const std::vector<XMPlExtRef>& refs) {
+    for (const XMPlExtRef& ref : refs) left_ += kMostGrowth * storedBytes(ref);
+  }
+
+  void spend(const XMPlExtRef& like) {
+    const std::uint64_t bytes = storedBytes(like);
+    if (bytes > left_) throw std::length_error("external references: rendition class too long");
+    left_ -= bytes;
+  }
+
+ private:
+  static constexpr std::uint64_t kMostGrowth = 20;
+
+  std::uint64_t left_ = 0;
+};
+
 // --- Compacting ---------------------------------------------------------------------------------
 
 // The parts of a numbered image's name.
@@ -91,12 +130,13 @@ XMPlExtRef runOf(const Group& group, std::int32_t first, std::int32_t last) {
 }
 
 // Each number that does not follow the one before it begins a run; so does a repeated one.
-void appendRuns(Group& group, std::vector<XMPlExtRef>& list) {
+void appendRuns(Group& group, RunBudget& budget, std::vector<XMPlExtRef>& list) {
   std::vector<std::int32_t>& numbers = group.numbers;
   std::sort(numbers.begin(), numbers.end());
   std::size_t first = 0;
   for (std::size_t i = 1; i <= numbers.size(); ++i) {
     if (i < numbers.size() && numbers[i] == numbers[i - 1] + 1) continue;
+    budget.spend(*group.first);
     list.push_back(runOf(group, numbers[first], numbers[i - 1]));
     first = i;
   }
@@ -140,19 +180,6 @@ Run parsedRun(std::string_view name) {
   run.first = leadingInteger(name.substr(hash + 1, run.width));
   run.last = leadingInteger(name.substr(dash + 1));
   return run;
-}
-
-// What the elements of a stored reference take in packet text, in both layouts, with indentation.
-constexpr std::size_t kElementBytes = 512;
-
-// What `files` references like `ref`, under names of `name` bytes, take when they are stored. More
-// than a packet may hold is no list but an attack.
-std::uint64_t storedBytes(std::int64_t files, std::size_t name, const XMPlExtRef& ref) {
-  const std::uint64_t each =
-      kElementBytes + 2 * (name + ref.renditionClass.size()) + ref.type.size();
-  const auto count = static_cast<std::uint64_t>(files);
-  if (count > xmpl::limits::kTextBytes / each) return xmpl::limits::kTextBytes + 1;
-  return count * each;
 }
 
 // How many entries the list has when it is expanded. A list without runs is as long as it is.
@@ -209,7 +236,8 @@ std::vector<XMPlExtRef> XMPlib::SimplifyExtRefs(const std::vector<XMPlExtRef>& r
     if (isNew) groups.push_back({&ref, *name, {}});
     groups[entry->second].numbers.push_back(name->number());
   }
-  for (Group& group : groups) appendRuns(group, list);
+  RunBudget budget(refs);
+  for (Group& group : groups) appendRuns(group, budget, list);
   return list;
 }
 

@@ -145,7 +145,11 @@ TEST(Allocation, ShortageNeverPassesForSuccess) {
   // Read as UTF-8 it would be two letters.
   const std::string latin = "<?xml version='1.0' encoding='ISO-8859-1'?>" +
                             described("<l:a xmlns:l='http://latin.example/'>\xC3\xA9</l:a>");
-  for (const std::string& text : {filledPacket(), latin}) {
+  const std::string copyright =
+      "<xmpDM:copyright xmlns:xmpDM='http://ns.adobe.com/xmp/1.0/DynamicMedia/'>somebody's, as it "
+      "was</xmpDM:copyright>";
+  const std::string moved = described(copyright), movedByToolkit = described(kNotPlain + copyright);
+  for (const std::string& text : {filledPacket(), latin, moved, movedByToolkit}) {
     expectRight("", FromText(text).GetXML(), [&](XMPlib& xmp) {
       xmp.SetXML(text);
       EXPECT_EQ(xmp.ErrStr().find("invalid argument"), std::string::npos);  // no parser was made

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <algorithm>
+#include <functional>
 #include <vector>
 
 #include "support/bare_packets.h"
@@ -55,6 +56,20 @@ inline std::vector<CostlyPacket> costlyPackets(std::size_t bytes) {
         const std::string begin = "<rdf:li xmlns:" + prefix + "='u:" + i;
         return begin + "a'/>" + begin + "b'/>";
       });
+  // The fields of an outer structure, behind an inner one that has them too.
+  const std::string again = fields(2000);
+  std::string behind = again;
+  for (std::size_t size = again.size(); size < bytes; size += again.size()) {
+    behind = "<atk:s rdf:parseType='Resource'>" + behind + "</atk:s>" + again;
+  }
+  // In one bucket of a table of the standard library's.
+  std::string colliding;
+  for (std::size_t i = 0, found = 0; found < 2000; ++i) {
+    const std::string name = "atk:c" + std::to_string(i);
+    if (std::hash<std::string>()(name) % 2357 != 0) continue;
+    colliding += "<" + name + "/>";
+    ++found;
+  }
   // Every item has a long path.
   const std::string longName = "atk:" + std::string(200, 'n');
   std::string buried = bagOf(repeated("<rdf:li/>", bytes));
@@ -69,6 +84,8 @@ inline std::vector<CostlyPacket> costlyPackets(std::size_t bytes) {
   return {
       {"structures", described(bagOf(repeated(structure(most), bytes)))},
       {"structures_not_plain", described(kNotPlain + bagOf(repeated(structure(most), bytes)))},
+      {"fields_behind", described("<atk:s rdf:parseType='Resource'>" + behind + "</atk:s>")},
+      {"colliding_names", described(kNotPlain + bagOf(repeated(structure(colliding), bytes)))},
       {"alternating_fields", described(bagOf(repeated(structure(alternating(2000)), bytes)))},
       {"qualifiers", described(bagOf(repeated(structure(value + most), bytes)))},
       {"qualifiers_not_plain",

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "core/packet/draft.h"
 
+#include <optional>
+
 #include "core/packet/load.h"
 #include "core/packet/settle.h"
 #include "core/packet/writer.h"
@@ -10,18 +12,43 @@
 namespace xmpl {
 namespace {
 
-// Why what is saved of the metadata would not be loaded, or not as it is; empty when it would be.
-std::string lossOf(const Metadata& metadata) {
-  Metadata settled = copyOf(metadata);
-  std::string text;
-  writePacket(settled, text);
-  Metadata loaded;
-  std::string fault = loadPacket(text, loaded);
-  if (!fault.empty()) return fault;
-  settle(insideOf(settled));
-  const bool isSame = haveEqualTrees(settled, loaded);
-  return isSame ? "" : "Packet not written: it would not be loaded as it is";
-}
+// Metadata as it is, and as it comes back when it is saved and loaded.
+class Trip {
+ public:
+  explicit Trip(const Metadata& metadata) : settled_(copyOf(metadata)) {
+    std::string text;
+    writePacket(settled_, text);
+    loss_ = loadPacket(text, loaded_);
+    if (!loss_.empty()) return;
+    settle(insideOf(settled_));
+    if (!haveEqualTrees(settled_, loaded_)) loss_ = kLoss;
+  }
+
+  // Why it would not be loaded, or not as it is; empty when it would be.
+  const std::string& loss() const { return loss_; }
+
+  bool loses(const char* schema, const char* name) const {
+    return loss_ == kLoss && valueIn(settled_, schema, name) != valueIn(loaded_, schema, name);
+  }
+
+ private:
+  static constexpr const char* kLoss = "Packet not written: it would not be loaded as it is";
+
+  static std::optional<std::string> valueIn(const Metadata& metadata, const char* schema,
+                                            const char* name) {
+    std::string value;
+    try {
+      const bool isThere = metadata.GetProperty(schema, name, &value, nullptr);
+      return isThere ? std::optional(value) : std::nullopt;
+    } catch (const XMP_Error&) {  // what the path leads over has another form
+      return std::nullopt;
+    }
+  }
+
+  Metadata settled_;
+  Metadata loaded_;
+  std::string loss_;
+};
 
 }  // namespace
 
@@ -30,10 +57,13 @@ void Draft::commit() {
   swapTrees(original_, copy_);
 }
 
-void Draft::commitIfLoadable() {
-  const std::string loss = lossOf(copy_);
-  // What was lost before the change is not the change's fault.
-  if (!loss.empty() && loss != lossOf(original_)) throw XMP_Error(kXMPErr_BadXMP, loss.c_str());
+void Draft::commitIfLoadable(const char* schema, const char* name) {
+  const Trip trip(copy_);
+  if (!trip.loss().empty()) {
+    // What was lost before the change is not the change's fault.
+    const bool isOld = trip.loss() == Trip(original_).loss() && !trip.loses(schema, name);
+    if (!isOld) throw XMP_Error(kXMPErr_BadXMP, trip.loss().c_str());
+  }
   swapTrees(original_, copy_);
 }
 

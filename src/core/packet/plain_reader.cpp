@@ -93,6 +93,7 @@ class PlainReader final : public XmlEvents {
 
  private:
   static constexpr std::uint64_t kTop = 1;  // the number of all properties at the top
+  static constexpr std::size_t kMostLookedThrough = 256;
 
   void declareNamespaces(const char** attributes) {
     for (; *attributes != nullptr; attributes += 2) {
@@ -245,9 +246,11 @@ class PlainReader final : public XmlEvents {
     return node;
   }
 
-  // A structure that began later may hide that this one has the field already.
+  // A structure that began later may hide that this one has the field already. For many fields the
+  // toolkit's way has tables.
   static bool hasField(const XMP_Node& structure, std::uint64_t number, const ScopedName& name) {
     if (name.lastIn <= number) return name.lastIn == number;
+    requirePlain(structure.children.size() < kMostLookedThrough);
     return std::any_of(structure.children.begin(), structure.children.end(),
                        [&](const XMP_Node* field) { return field->name == name.stored; });
   }

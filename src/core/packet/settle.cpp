@@ -9,6 +9,7 @@
 #include "core/toolkit/nodes.h"
 
 #include "core/toolkit/alias_mend.h"
+#include "core/toolkit/copyright_mend.h"
 
 namespace xmpl {
 namespace {
@@ -48,6 +49,7 @@ bool settle(XMPMeta& metadata) {
     MoveExplicitAliases(&tree, 0, metadata.errorCallback);
   }
   TouchUpDataModel(&metadata, metadata.errorCallback);
+  if (hasCopyright) requireCopyrightMoved(tree);
   deleteEmptySchemas(tree);
   return hasAliases || hasCopyright;
 }

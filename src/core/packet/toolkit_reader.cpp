@@ -12,6 +12,8 @@
 #include "core/toolkit/parse_observer.h"
 #include "core/toolkit/quick_search.h"
 
+#include "core/toolkit/copyright_mend.h"
+
 #include "source/ExpatAdapter.hpp"
 
 namespace xmpl {
@@ -100,6 +102,7 @@ void readByToolkit(const PacketText& packet, Metadata& metadata) {
   } else {
     inside.ParseFromBuffer(text.data(), static_cast<XMP_StringLen>(text.size()), 0);
   }
+  requireCopyrightMoved(inside.tree);
   refuseUnsavable(metadata);  // it reads more than can be written
 }
 

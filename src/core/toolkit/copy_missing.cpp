@@ -27,14 +27,22 @@ class Copier {
 
  private:
   XMP_Node* existing(const XMP_Node& property) {
-    XMP_Node* schema = FindSchemaNode(&tree_, property.parent->name.c_str(), kXMP_ExistingOnly);
+    XMP_Node* schema = existingSchema(*property.parent);
     return schema == nullptr ? nullptr : search_.find(schema->children, property.name.c_str());
   }
 
+  // There may be a thousand: each is looked for once.
+  XMP_Node* existingSchema(const XMP_Node& from) {
+    if (from_ == &from) return schema_;
+    from_ = &from;
+    return schema_ = FindSchemaNode(&tree_, from.name.c_str(), kXMP_ExistingOnly);
+  }
+
   XMP_Node& schemaOf(const XMP_Node& property) {
-    XMP_Node* schema = FindSchemaNode(&tree_, property.parent->name.c_str(), kXMP_CreateNodes);
-    schema->options &= ~XMP_OptionBits{kXMP_NewImplicitNode};
-    return *schema;
+    if (XMP_Node* schema = existingSchema(*property.parent)) return *schema;
+    schema_ = FindSchemaNode(&tree_, property.parent->name.c_str(), kXMP_CreateNodes);
+    schema_->options &= ~XMP_OptionBits{kXMP_NewImplicitNode};
+    return *schema_;
   }
 
   static XMP_OptionBits formOf(const XMP_Node& node) {
@@ -101,6 +109,8 @@ class Copier {
 
   XMP_Node& tree_;
   QuickSearch search_;
+  const XMP_Node* from_ = nullptr;  // the schema that is copied
+  XMP_Node* schema_ = nullptr;      // where it goes, when that exists
 };
 
 }  // namespace

@@ -3,6 +3,8 @@
 // of them for each that it adds, and 16,000 fields took it seconds.
 #pragma once
 
+#include <functional>
+#include <map>
 #include <string>
 #include <unordered_map>
 
@@ -36,7 +38,7 @@ class QuickSearch {
 
  private:
   struct Table {
-    std::unordered_map<std::string, XMP_Node*> byName;
+    std::map<std::string, XMP_Node*, std::less<>> byName;  // names may be chosen to collide
     std::size_t seen = 0;
     XMP_Node* last = nullptr;
   };
