@@ -8,7 +8,7 @@
 namespace parts {
 
 std::string wrapped(const std::string& properties, std::size_t padding, const std::string& end) {
-  return "<?xpacket begin=\"\" id=\"W5M0MpCehiHzreSzNTczkc9d\"?>" + packet(properties) +
+  return R"(<?xpacket begin="" id="W5M0MpCehiHzreSzNTczkc9d"?>)" + packet(properties) +
          std::string(padding, ' ') + "<?xpacket end=\"" + end + "\"?>";
 }
 
@@ -149,7 +149,7 @@ std::string described(const std::string& language) {
 std::string nested(int levels) {
   std::string text;
   for (int i = 0; i < levels; ++i) {
-    text = "<x-a:a xmlns:x-a=\"x:a\" rdf:parseType=\"Resource\">" + text + "</x-a:a>";
+    text = R"(<x-a:a xmlns:x-a="x:a" rdf:parseType="Resource">)" + text + "</x-a:a>";
   }
   return text;
 }
