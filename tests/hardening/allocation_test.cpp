@@ -17,6 +17,7 @@
 extern "C" const char* __lsan_default_suppressions();  // NOLINT(bugprone-reserved-identifier)
 extern "C" const char* __lsan_default_suppressions() {
   return "leak:FindChildNode\nleak:FindSchemaNode\nleak:FindIndexedItem\nleak:FindQualifierNode\n"
+         "leak:AppendLangItem\n"
          "leak:RDF_Parser\nleak:StartElementHandler\nleak:CharacterDataHandler\n"
          "leak:ProcessingInstructionHandler\nleak:libexpat\n";
 }
