@@ -191,6 +191,9 @@ TEST(PdfChecks, TrappedIsComparedAsATruth) {
               isOther ? Names({"pdf-trapped pdfData.trapped"}) : Names())
         << packets;
   }
+  CheckedPdf document;
+  document.pdf.info = "/Trapped/true";
+  EXPECT_EQ(found(document.text(), "--only pdf-trapped"), Names());
 }
 
 // --- The command --------------------------------------------------------------------------------

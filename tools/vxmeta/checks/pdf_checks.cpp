@@ -184,20 +184,21 @@ void checkProducer(const PdfFacts& pdf, const Subject& subject, Findings& found)
                    pdf.info.producer, found);
 }
 
-// "Unknown" says nothing.
-bool isTruth(const std::string& word) {
-  return folded(word) == folded("true") || folded(word) == folded("false");
+// None for any other word: "Unknown" says nothing.
+std::optional<bool> truthIn(const std::string& word) {
+  const std::u32string plain = folded(word);
+  if (plain == U"true") return true;
+  return plain == U"false" ? std::optional(false) : std::nullopt;
 }
 
 void checkTrapped(const PdfFacts& pdf, const Subject& subject, Findings& found) {
   const std::string& info = pdf.info.trapped;
-  if (!isTruth(info)) return;
+  const std::optional<bool> truth = truthIn(info);
+  if (!truth) return;
   const std::string packets = standardPdfData(subject.stored()).trapped;
-  if (isTruth(packets) && folded(packets) != folded(info)) {
-    addContradiction("pdfData.trapped", packets, info, found);
-  }
+  if (truthIn(packets) == !*truth) addContradiction("pdfData.trapped", packets, info, found);
   bool isTrapped = false;
-  if (!subject.packet.GetIsTrapped(isTrapped)) return;
+  if (!subject.packet.GetIsTrapped(isTrapped) || isTrapped == *truth) return;
   addContradiction("scalars.isTrapped", isTrapped ? "True" : "False", info, found);
 }
 
