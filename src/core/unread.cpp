@@ -13,8 +13,7 @@ namespace {
 // To the digits that a Set keeps.
 bool isSameReal(double stored, double rewritten) {
   constexpr double kLeast = 1e-6, kRelative = 1e-9;
-  const bool isNumber = stored == stored;
-  if (!isNumber) return rewritten != rewritten;
+  if (std::isnan(stored)) return std::isnan(rewritten);
   return stored == rewritten ||
          std::fabs(stored - rewritten) <= std::max(kLeast, kRelative * std::fabs(stored));
 }

@@ -57,9 +57,7 @@ bool hidesItems(const StoredProperties& stored, const XMPlUnreadItems& row) {
 
 std::string whyUnread(const XMPlUnreadItems& row) {
   if (row.list == "vxScreenC:screenContainer") return "has no whole first screen";
-  const bool isField =
-      row.reason.find(':') != std::string::npos && row.reason.find(' ') == std::string::npos;
-  if (isField) return "has no " + row.reason;
+  if (namesField(row.reason)) return "has no " + row.reason;
   return row.reason.empty() ? "cannot be read" : "cannot be read (" + row.reason + ")";
 }
 
@@ -115,7 +113,8 @@ void checkHidden(const Subject& subject, Findings& found) {
 void checkIncomplete(const Subject& subject, Findings& found) {
   std::set<std::string> told;
   for (const UnreadPart& part : readDocument(subject.packet, {}).unread) {
-    if (isOfList(part) || !isMissing(part) || !told.insert(part.list).second) continue;
+    const bool isPartial = !isOfList(part) && namesField(part.reason.value_or(""));
+    if (!isPartial || !told.insert(part.list).second) continue;
     found.add(part.list,
               fmt::format("{} is stored in part, without {}: nothing of it is read", part.list,
                           *part.reason),

@@ -36,8 +36,6 @@ void checkPadding(const Subject& subject, Findings& found) {
 
 // --- Limits -------------------------------------------------------------------------------------
 
-std::string_view prefixOf(std::string_view name) { return name.substr(0, name.find(':')); }
-
 std::string_view localNameOf(std::string_view name) { return name.substr(name.find(':') + 1); }
 
 void raise(std::size_t& most, std::size_t value) { most = std::max(most, value); }

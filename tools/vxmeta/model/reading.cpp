@@ -84,7 +84,7 @@ std::vector<ForeignSchema> Reading::foreign() {
   std::vector<ForeignSchema> schemas;
   for (const StoredNode& property : stored().properties) {
     if (!isForeign(stored(), property.name)) continue;
-    const std::string prefix = property.name.substr(0, property.name.find(':'));
+    const std::string prefix(prefixOf(property.name));
     const auto known = std::find_if(schemas.begin(), schemas.end(),
                                     [&](const ForeignSchema& one) { return one.prefix == prefix; });
     if (known != schemas.end()) {

@@ -163,6 +163,10 @@ std::string_view sectionOf(std::string_view storedProperty) {
   return isThere ? place->section : std::string_view();
 }
 
+std::string_view prefixOf(std::string_view storedName) {
+  return storedName.substr(0, storedName.find(':'));
+}
+
 bool isOwnSchema(std::string_view uri) { return uri.starts_with("http://ns.orvo.example/xmp/"); }
 
 bool isBeside(std::string_view storedProperty) {

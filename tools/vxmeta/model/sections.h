@@ -38,6 +38,9 @@ std::string_view propertyOf(std::string_view path);
 // ("vxFontL:fonts"); empty for one that no record covers.
 std::string_view sectionOf(std::string_view storedProperty);
 
+// The prefix of a stored name: "vxFontL".
+std::string_view prefixOf(std::string_view storedName);
+
 // Whether a schema is the library's own: what it holds is for the library to read.
 bool isOwnSchema(std::string_view uri);
 

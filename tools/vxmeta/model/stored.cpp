@@ -181,7 +181,7 @@ const StoredNode* StoredProperties::property(std::string_view name) const {
   return found == properties.end() ? nullptr : &*found;
 }
 
-std::string StoredProperties::uriOf(const std::string& prefix) const {
+std::string StoredProperties::uriOf(std::string_view prefix) const {
   const auto found = schemas.find(prefix);
   return found == schemas.end() ? "" : found->second;
 }

@@ -31,7 +31,7 @@ struct StoredProperties {
   std::vector<StoredNode> properties;
 
   const StoredNode* property(std::string_view name) const;
-  std::string uriOf(const std::string& prefix) const;
+  std::string uriOf(std::string_view prefix) const;
 };
 
 // The text of a property; of a language alternative, that in the default language. Null: none.

@@ -174,7 +174,7 @@ class Account {
 
 bool isForeign(const StoredProperties& stored, std::string_view property) {
   if (!sectionOf(property).empty()) return false;
-  return !isOwnSchema(stored.uriOf(std::string(property.substr(0, property.find(':')))));
+  return !isOwnSchema(stored.uriOf(prefixOf(property)));
 }
 
 std::vector<UnreadPart> unreadValues(const StoredProperties& stored, const Document& document,
@@ -182,9 +182,8 @@ std::vector<UnreadPart> unreadValues(const StoredProperties& stored, const Docum
   return Account(stored, document, errors).parts();
 }
 
-bool isMissing(const UnreadPart& part) {
-  const std::string reason = part.reason.value_or("");
-  return reason.find(':') != std::string::npos && reason.find(' ') == std::string::npos;
+bool namesField(std::string_view reason) {
+  return reason.find(':') != reason.npos && reason.find(' ') == reason.npos;
 }
 
 std::string storedPath(const UnreadPart& part) {

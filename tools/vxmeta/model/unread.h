@@ -41,8 +41,9 @@ std::vector<UnreadPart> unreadInLists(const XMPlib& xmp, bool asFilmInks,
 // Whether it is a part of a list: not of a single value, or of a record of such.
 bool isOfList(const UnreadPart& part);
 
-// Whether it is not read because a required field is missing, which the reason then names.
-bool isMissing(const UnreadPart& part);
+// Whether the reason for an unread part is a required field that is missing, which it then names;
+// any other is a sentence.
+bool namesField(std::string_view reason);
 
 // Of a part of no list: where it is stored, "vxPrF:DerivedFrom/stRef:instanceID".
 std::string storedPath(const UnreadPart& part);

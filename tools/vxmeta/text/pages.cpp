@@ -152,7 +152,7 @@ std::string foreignLine(const Document& document, const Screen& screen) {
 // A reason that is a name ("vxFont:type") says what is missing; any other is a sentence.
 std::string reasonOf(const UnreadPart& part, std::string_view lack) {
   const std::string reason = part.reason.value_or("");
-  return isMissing(part) ? fmt::format("{} {}", lack, reason) : reason;
+  return namesField(reason) ? fmt::format("{} {}", lack, reason) : reason;
 }
 
 std::string sentenceOf(const UnreadPart& part) {
