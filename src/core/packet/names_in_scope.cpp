@@ -13,7 +13,6 @@ namespace {
 
 using Term = ScopedName::Term;
 
-constexpr std::string_view kDeclaration = "xmlns:";
 // In the table of names, of which half is free. Only names that are made to collide need more; the
 // toolkit's way sorts them.
 constexpr std::size_t kMostLookedAt = 64;
@@ -80,7 +79,7 @@ ScopedName& NamesInScope::find(const char* raw) {
     if (++looked > kMostLookedAt) throw NotPlain();
     if (slots_[slot]->raw != text) continue;
     ScopedName& name = *slots_[slot];
-    if (name.prefix->declarations == 0 && name.term != Term::declaration) throw NotPlain();
+    if (name.prefix->declarations == 0) throw NotPlain();
     return name;
   }
   return add(text, slot);
@@ -113,14 +112,8 @@ void NamesInScope::resolve(ScopedName& name) {
     throw NotPlain();
   }
   const std::string_view local = raw.substr(colon + 1);
-  if (!beginsName(local)) throw NotPlain();
-  if (raw.starts_with(kDeclaration)) {
-    name.term = Term::declaration;
-    name.prefix = &prefixNamed(local);
-    return;
-  }
   name.prefix = &prefixNamed(raw.substr(0, colon));
-  if (name.prefix->declarations == 0) throw NotPlain();
+  if (name.prefix->declarations == 0 || !beginsName(local)) throw NotPlain();
   name.term = termOf(*name.prefix, local);
   name.stored = name.prefix->registered;
   name.stored.append(local);
@@ -136,8 +129,10 @@ ScopedPrefix& NamesInScope::prefixNamed(std::string_view text) {
   return prefix;
 }
 
-void NamesInScope::declare(const ScopedName& declaration, const char* uri) {
-  ScopedPrefix& prefix = *declaration.prefix;
+void NamesInScope::declare(std::string_view declaration, const char* uri) {
+  const std::string_view text = declaration.substr(declaration.find(':') + 1);
+  if (!beginsName(text) || text.find(':') != std::string_view::npos) throw NotPlain();
+  ScopedPrefix& prefix = prefixNamed(text);
   const bool isBound = !prefix.uri.empty() && prefix.uri == uri;  // an empty URI binds nothing
   if (!isBound) bind(prefix, uri);
   declared_.push_back(&prefix);

@@ -34,8 +34,7 @@ struct ScopedPrefix {
 struct ScopedName {
   enum class Term : std::uint8_t {
     property,
-    declaration,  // xmlns:prefix
-    language,     // xml:lang
+    language,  // xml:lang
     item,
     bag,
     seq,
@@ -61,12 +60,13 @@ class NamesInScope {
  public:
   explicit NamesInScope(PacketGuard& guard);
 
-  // Throws NotPlain for a name whose prefix is not declared.
+  // Of an element or attribute. Throws NotPlain for a name whose prefix is not declared.
   ScopedName& find(const char* raw);
 
+  static bool isDeclaration(std::string_view attribute) { return attribute.starts_with("xmlns:"); }
   // A declaration holds until endScope is called with what scope() was before it. Throws NotPlain
   // where one prefix is given two URIs in a packet, or one URI two prefixes.
-  void declare(const ScopedName& declaration, const char* uri);
+  void declare(std::string_view declaration, const char* uri);
   std::size_t scope() const { return declared_.size(); }
   void endScope(std::size_t scope);
 

@@ -97,16 +97,16 @@ class PlainReader final : public XmlEvents {
 
   void declareNamespaces(const char** attributes) {
     for (; *attributes != nullptr; attributes += 2) {
-      if (!std::string_view(*attributes).starts_with("xmlns")) continue;
-      names_.declare(names_.find(attributes[0]), attributes[1]);
+      if (!NamesInScope::isDeclaration(attributes[0])) continue;
+      names_.declare(attributes[0], attributes[1]);
     }
   }
 
   void resolveAttributes(const char** attributes) {
     attributes_.clear();
     for (; *attributes != nullptr; attributes += 2) {
-      ScopedName& name = names_.find(attributes[0]);
-      if (name.term != Term::declaration) attributes_.push_back({&name, attributes[1]});
+      if (NamesInScope::isDeclaration(attributes[0])) continue;
+      attributes_.push_back({&names_.find(attributes[0]), attributes[1]});
     }
   }
 

@@ -15,6 +15,35 @@ class PlainReader : public testing::Test {
   XMPlib startsTheToolkit_;
 };
 
+// Names that mean something somewhere, under prefixes of many kinds.
+std::vector<std::string> telling() {
+  std::vector<std::string> names;
+  for (const std::string prefix :
+       {"", "xml:", "xmlns:", "rdf:", "x:", "iX:", "dc:", "e:", "unbound:"}) {
+    for (const char* local :
+         {"", "e", "RDF", "Description", "li", "Alt", "lang", "about", "ID", "parseType",
+          "resource", "value", "_1", "xmpmeta", "changes", "title", "xmlns"}) {
+      names.push_back(prefix + local);
+    }
+  }
+  return names;
+}
+
+// A packet with an element at "%E" and an attribute at "%A".
+std::string filled(std::string place, const std::string& element, const std::string& attribute) {
+  const auto fill = [&place](const char* part, const std::string& by) {
+    const std::size_t at = place.find(part);
+    if (at != place.npos) place.replace(at, 2, by);
+  };
+  fill("%E", element);
+  fill("%A", attribute);
+  return "<x:xmpmeta xmlns:x='adobe:ns:meta/' xmlns:e='http://e.example/'"
+         " xmlns:rdf='http://www.w3.org/1999/02/22-rdf-syntax-ns#'"
+         " xmlns:iX='http://ns.adobe.com/iX/1.0/'"
+         " xmlns:dc='http://purl.org/dc/elements/1.1/'>" +
+         place + "</x:xmpmeta>";
+}
+
 }  // namespace
 
 TEST_F(PlainReader, ReadsWhatTheToolkitReads) {
@@ -53,6 +82,31 @@ TEST_F(PlainReader, TakesWhatRealPacketsHold) {
   }
 }
 
+TEST_F(PlainReader, AgreesOnTellingNamesAtEveryPlace) {
+  const std::string before = "<rdf:RDF><rdf:Description>";
+  const std::string behind = "</rdf:Description></rdf:RDF>";
+  const std::string places[] = {
+      "%E",
+      "<rdf:RDF%A>%E</rdf:RDF>",
+      "<rdf:RDF><rdf:Description%A>%E</rdf:Description></rdf:RDF>",
+      before + "<e:p%A>%E</e:p>" + behind,
+      before + "<e:p rdf:parseType='Resource'%A>%E</e:p>" + behind,
+      before + "<e:p><rdf:Description%A>%E</rdf:Description></e:p>" + behind,
+      before + "<dc:title><rdf:Alt%A>%E</rdf:Alt></dc:title>" + behind,
+      before + "<e:p><rdf:Bag><rdf:li%A>%E</rdf:li></rdf:Bag></e:p>" + behind,
+  };
+  for (const std::string& name : telling()) {
+    for (const std::string& place : places) {
+      for (const std::string& packet : {filled(place, "<" + name + "/>", ""),
+                                        filled(place, "<" + name + ">v</" + name + ">", ""),
+                                        filled(place, "", " " + name + "='Resource'")}) {
+        const Readings readings(packet);
+        EXPECT_TRUE(readings.agree()) << packet << readings;
+      }
+    }
+  }
+}
+
 // Where namespaces are heeded, names are not what they are without.
 TEST_F(PlainReader, LeavesNamesThatNamespacesForbidToTheToolkit) {
   const char* const kProperties[] = {
@@ -71,6 +125,10 @@ TEST_F(PlainReader, LeavesNamesThatNamespacesForbidToTheToolkit) {
       "<vxGr:a:/>",
       "<vxGr:a xmlns:xmlns='u'/>",
       "<vxGr:a xmlns:a=''/>",
+      "<xmlns:vxGr/>",
+      "<xmlns:a>v</xmlns:a>",
+      "<vxGr:a><rdf:Bag><xmlns:a/></rdf:Bag></vxGr:a>",
+      "<xmlns/>",
   };
   for (const char* properties : kProperties) {
     const Readings readings(packet(properties));
