@@ -31,12 +31,12 @@ constexpr xmpl::List kInks{"vxGr:inks", xmpl::ArrayKind::ordered};
 constexpr xmpl::List kCoverage{"vxInkCovL:coverage", xmpl::ArrayKind::ordered};
 constexpr const char* kOpaqueMask = "omask";
 
-// Deliberate: whatever goes wrong here is no error, the coverage is not valid then.
+// Deliberate: what cannot be read here is no error, the coverage is not valid then.
 void readCoverage(const ArrayReader& coverage, std::size_t i, XMPlInk& ink) {
   try {
     const ItemReader item = coverage.item(i);
     ink.coverageValid = item.real("vxInkCov:pct", ink.pct) && item.real("vxInkCov:mm2", ink.mm2);
-  } catch (...) {
+  } catch (const XMP_Error&) {
     ink.coverageValid = false;
   }
 }

@@ -71,6 +71,19 @@ std::string filledPacket() {
   return xmp.GetXMLPacket(false, 0);
 }
 
+// A packet with an ink whose coverage in percent is that text.
+std::string withCoverage(const std::string& percent) {
+  XMPlInk ink;
+  ink.name = "Cyan";
+  ink.coverageValid = true;
+  XMPlib xmp;
+  xmp.SetInks({ink}, true);
+  std::string text = xmp.GetXML();
+  const std::string tag = "<vxInkCov:pct>";
+  const std::size_t begin = text.find(tag) + tag.size();
+  return text.replace(begin, text.find('<', begin) - begin, percent);
+}
+
 }  // namespace
 
 TEST(Allocation, FailsWithoutHarmInHandlesAndPackets) {
@@ -157,6 +170,13 @@ TEST(Allocation, ShortageNeverPassesForSuccess) {
       return xmp.ErrStr().empty();
     });
   }
+  const std::string longNumber = withCoverage("0x1.4000000000000000000000p2");
+  expectRight(longNumber, FromText(longNumber).GetXML(), [](XMPlib& xmp) {
+    std::vector<XMPlInk> inks;
+    const bool isRead = xmp.GetInks(inks);
+    EXPECT_TRUE(!isRead || inks.at(0).coverageValid);
+    return isRead;
+  });
   forEachKind([&]<class Value>(const Kind<Value>& kind) {
     XMPlib set;
     const auto value = longTexts<Value>();
