@@ -232,6 +232,30 @@ TEST(Attacks, MergesLeaveWhatCanBeSaved) {
     return described(bagOf(numbered(700, [&](const std::string& i) {
       return "<rdf:li n:p='' xmlns:n='http://" + uri + i + ".example/'/>";
     })));
+// Judged before dc:rights was brought into form, a copyright moved at the second load.
+TEST(Attacks, CopyrightsMoveAtTheFirstLoad) {
+  const char* const kRights[] = {
+      "<rdf:Bag><rdf:li>A&#xA;&#xA;B</rdf:li></rdf:Bag>",
+      "<rdf:Alt><rdf:li>A</rdf:li><rdf:li/></rdf:Alt>",
+      "<rdf:Seq><rdf:li xml:lang='x-default'>A</rdf:li></rdf:Seq>",
+      "<rdf:Alt><rdf:li xml:lang='x-default'>A</rdf:li><rdf:li>B</rdf:li></rdf:Alt>",
+      "<rdf:Alt><rdf:li xml:lang='de' rdf:parseType='Resource'><atk:f/></rdf:li></rdf:Alt>",
+      "<rdf:Bag/>",
+      "A",
+  };
+  for (const char* rights : kRights) {
+    for (const char* text : {"c", "", "&#xA;&#xA;c"}) {
+      for (const std::string before : {"", "<atk:p rdf:ID='notPlain'/>"}) {
+        const FromText xmp(described(before + "<dc:rights>" + rights + "</dc:rights>" +
+                                     copyright(">" + std::string(text) + "</xmpDM:copyright>")));
+        ASSERT_EQ(xmp.ErrStr(), "");
+        EXPECT_EQ(stored(xmp).find("xmpDM:copyright"), std::string::npos) << rights;
+        expectToSurviveATrip(xmp);
+      }
+    }
+  }
+}
+
   };
   FromText one(manyNamespaces("one"));
   const FromText two(manyNamespaces("two"));

@@ -14,11 +14,16 @@
 #include "core/toolkit/alias_mend.h"
 #include "core/toolkit/copyright_mend.h"
 
+// The toolkit's, further down in that file.
+static void RepairAltText(XMP_Node& tree, XMP_StringPtr schema, XMP_StringPtr array);
+
 namespace xmpl {
 
 inline XMP_Node* findChildToTouchUp(XMP_Node* schema, XMP_StringPtr name, bool create) {
   XMP_Node* const found = FindChildNode(schema, name, create);
   if (found == nullptr || std::strcmp(name, "xmpDM:copyright") != 0) return found;
+  // The toolkit does it behind the moving, so that the next load would find another array.
+  RepairAltText(*schema->parent, kXMP_NS_DC, "dc:rights");
   isCopyrightMoving() = isMovable(*found, *schema->parent);
   return isCopyrightMoving() ? found : nullptr;
 }

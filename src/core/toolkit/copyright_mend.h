@@ -10,7 +10,7 @@ namespace xmpl {
 
 // The toolkit moves an old xmpDM:copyright into dc:rights. Of an array or qualifiers there it takes
 // nothing and deletes them; where dc:rights is no language alternative it fails, and leaves two
-// more line feeds before the text at every load.
+// more line feeds before the text at every load. By now every array there is one.
 inline bool isMovable(const XMP_Node& copyright, XMP_Node& tree) {
   const bool isPlainText =
       (copyright.options & kXMP_PropCompositeMask) == 0 && copyright.qualifiers.empty();
