@@ -152,8 +152,8 @@ class XMPLIB_API XMPlib {
   /// toolkit error (XMP_Error) passes to the caller. So does one of this library's, with nothing
   /// changed, for what could not be loaded again as it is: a name that XML does not allow, a path
   /// or a number of properties over a limit of docs/limits.md, a qualifier that RDF gives a
-  /// meaning. What a load only changes as docs/limits.md says may pass, a text as dc:title for
-  /// example. Without a metadata object, nothing is done.
+  /// meaning. Where a load would change what is written as docs/limits.md says, but keep the text,
+  /// it may pass: as dc:title for example. Without a metadata object, nothing is done.
   void SetProperty_Float(const char* schemaNS, const char* propName, double value);
   /// @}
 

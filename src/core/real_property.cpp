@@ -30,13 +30,19 @@ bool isTooDeep(const char* path) {
   return static_cast<std::size_t>(count) > xmpl::limits::kElementDepth;
 }
 
+// Names of RDF and XML may say how a packet is written; of the others a load brings properties into
+// form, or moves them.
+bool isSpecial(std::string_view schema) {
+  constexpr std::string_view kSpecial[] = {kXMP_NS_RDF,  kXMP_NS_XML, kXMP_NS_DC,
+                                           kXMP_NS_EXIF, kXMP_NS_DM,  kXMP_NS_XMP_Rights};
+  return std::find(std::begin(kSpecial), std::end(kSpecial), schema) != std::end(kSpecial);
+}
+
 // Whether setting the property cannot make the metadata unfit to be saved. A name that is no XML
-// name the toolkit refuses itself, but for characters outside ASCII. Names of RDF and XML may say
-// how a packet is written.
+// name the toolkit refuses itself, but for characters outside ASCII.
 bool isHarmless(const Metadata& metadata, const char* schema, const char* name) {
   if (schema == nullptr || name == nullptr) return true;  // the toolkit's error
-  const std::string_view uri(schema);
-  if (uri == kXMP_NS_RDF || uri == kXMP_NS_XML) return false;
+  if (isSpecial(schema)) return false;
   const std::size_t properties = xmpl::propertyCount(metadata, schema);
   return isPlainName(name) && properties > 0 && properties < xmpl::limits::kNamedChildren &&
          !xmpl::isAlias(schema, name);

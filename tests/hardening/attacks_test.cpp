@@ -123,13 +123,35 @@ TEST(Attacks, RealsAreSetWhereTheyCanBeReadAgainAlone) {
   expectToSurviveATrip(xmp);
 }
 
+// A load drops what stands beside an empty text where Dublin Core has an array.
+TEST(Attacks, RealsAreNotSetWhereALoadDropsThem) {
+  FromText xmp(
+      described("<dc:rights><rdf:Alt><rdf:li xml:lang='x-default'>a</rdf:li>"
+                "<rdf:li xml:lang='de'>a</rdf:li></rdf:Alt></dc:rights>"));
+  const char* const kDublinCore = "http://purl.org/dc/elements/1.1/";
+  for (const char* dropped : {"title/?dc:q", "creator/?dc:q", "subject/?xml:lang", "rights[2]"}) {
+    EXPECT_THROW(xmp.SetProperty_Float(kDublinCore, dropped, 7.25), XMP_Error) << dropped;
+  }
+  xmp.SetProperty_Float(kDublinCore, "rights[1]", 7.25);
+  EXPECT_NE(stored(FromText(xmp.GetXML())).find(">7.25<"), std::string::npos);
+  const std::string exif = "http://ns.adobe.com/exif/1.0/";
+  const std::string media = "http://ns.adobe.com/xmp/1.0/DynamicMedia/";
+  FromText old(described("<e:DateTimeOriginal>2020-01-02T03:04:05</e:DateTimeOriginal><m:x>1</m:x>",
+                         "rdf:about='' xmlns:e='" + exif + "' xmlns:m='" + media + "'"));
+  EXPECT_THROW(old.SetProperty_Float(exif.c_str(), "GPSTimeStamp", 0), XMP_Error);
+  EXPECT_THROW(old.SetProperty_Float(media.c_str(), "copyright", 5), XMP_Error);
+}
+
 // What the packet loses anyway hid what a real would lose.
 TEST(Attacks, RealsAreNotLostBesideOtherLosses) {
   FromText xmp(
       described("<atk:p/><atk:g rdf:parseType='Resource'><rdf:value>v</rdf:value>"
-                "<xml:lang><rdf:Alt/></xml:lang></atk:g>"));
+                "<xml:lang><rdf:Alt/></xml:lang></atk:g><atk:l><rdf:Alt>"
+                "<rdf:li xml:lang='x-default'>a</rdf:li><rdf:li xml:lang='de'>b</rdf:li>"
+                "<rdf:li xml:lang='fr'>c</rdf:li></rdf:Alt></atk:l>"));
   ASSERT_EQ(xmp.ErrStr(), "");
   const char* const kAttack = "http://attack.example/";
+  EXPECT_THROW(xmp.SetProperty_Float(kAttack, "l[4]", 1), XMP_Error);  // without a language
   EXPECT_THROW(xmp.SetProperty_Float(kAttack, "p/?rdf:nodeID", 1), XMP_Error);
   xmp.SetProperty_Float(kAttack, "p/?atk:q", 1);
   xmp.SetProperty_Float("http://purl.org/dc/elements/1.1/", "title", 2);
@@ -210,28 +232,6 @@ TEST(Attacks, OddCopyrightsStay) {
   }
 }
 
-TEST(Attacks, WhatIsNoMetadataDoesNotCount) {
-  const std::string many = numbered(2100, [](const std::string& i) { return "<p" + i + "/>"; });
-  const std::string kAccepted[] = {
-      "<svg xmlns='u:svg'>" + many + described("<atk:p>v</atk:p>") + "</svg>",
-      rdf("<rdf:Description about=''><atk:p/></rdf:Description>" +
-          repeated("<rdf:Description about=''/>", 56700) +
-          repeated("<rdf:Description ID='x'/>", 52500)),
-  };
-  for (const std::string& text : kAccepted) {
-    const FromText xmp(text);
-    EXPECT_EQ(xmp.ErrStr(), "");
-    EXPECT_NE(stored(xmp).find("<atk:p"), std::string::npos) << text.substr(0, 20);
-  }
-}
-
-TEST(Attacks, MergesLeaveWhatCanBeSaved) {
-  FromText german(described("<atk:l><rdf:Alt><rdf:li xml:lang='de'>d</rdf:li></rdf:Alt></atk:l>"));
-  const FromText bag(described(bagOf("<rdf:li>1</rdf:li><rdf:li>2</rdf:li>") + "<atk:q>3</atk:q>"));
-  const auto manyNamespaces = [](const std::string& uri) {
-    return described(bagOf(numbered(700, [&](const std::string& i) {
-      return "<rdf:li n:p='' xmlns:n='http://" + uri + i + ".example/'/>";
-    })));
 // Judged before dc:rights was brought into form, a copyright moved at the second load.
 TEST(Attacks, CopyrightsMoveAtTheFirstLoad) {
   const char* const kRights[] = {
@@ -256,6 +256,28 @@ TEST(Attacks, CopyrightsMoveAtTheFirstLoad) {
   }
 }
 
+TEST(Attacks, WhatIsNoMetadataDoesNotCount) {
+  const std::string many = numbered(2100, [](const std::string& i) { return "<p" + i + "/>"; });
+  const std::string kAccepted[] = {
+      "<svg xmlns='u:svg'>" + many + described("<atk:p>v</atk:p>") + "</svg>",
+      rdf("<rdf:Description about=''><atk:p/></rdf:Description>" +
+          repeated("<rdf:Description about=''/>", 56700) +
+          repeated("<rdf:Description ID='x'/>", 52500)),
+  };
+  for (const std::string& text : kAccepted) {
+    const FromText xmp(text);
+    EXPECT_EQ(xmp.ErrStr(), "");
+    EXPECT_NE(stored(xmp).find("<atk:p"), std::string::npos) << text.substr(0, 20);
+  }
+}
+
+TEST(Attacks, MergesLeaveWhatCanBeSaved) {
+  FromText german(described("<atk:l><rdf:Alt><rdf:li xml:lang='de'>d</rdf:li></rdf:Alt></atk:l>"));
+  const FromText bag(described(bagOf("<rdf:li>1</rdf:li><rdf:li>2</rdf:li>") + "<atk:q>3</atk:q>"));
+  const auto manyNamespaces = [](const std::string& uri) {
+    return described(bagOf(numbered(700, [&](const std::string& i) {
+      return "<rdf:li n:p='' xmlns:n='http://" + uri + i + ".example/'/>";
+    })));
   };
   FromText one(manyNamespaces("one"));
   const FromText two(manyNamespaces("two"));

@@ -18,8 +18,8 @@ class Draft {
   // Throws XMP_Error, and leaves the original as it was, when the copy could not be saved.
   void commit();
   // As above, also when what was saved could not be loaded, or would not be loaded as it is: for
-  // names that nobody has judged. The change is that of one property.
-  void commitIfLoadable(const char* schema, const char* name);
+  // names that nobody has judged. The change is the text at that path.
+  void commitIfLoadable(const char* schema, const char* path);
 
  private:
   Metadata& original_;

@@ -23,17 +23,9 @@ void copyBelow(const XMP_Node& from, XMP_Node& to) {
   copyAll(from.children, to.children, to);
 }
 
-bool areEqual(const XMP_NodeOffspring& a, const XMP_NodeOffspring& b);
-
-bool isEqual(const XMP_Node& a, const XMP_Node& b) {
-  constexpr XMP_OptionBits kForm = kXMP_PropCompositeMask | kXMP_PropValueIsURI;
-  return a.name == b.name && a.value == b.value && ((a.options ^ b.options) & kForm) == 0 &&
-         areEqual(a.children, b.children) && areEqual(a.qualifiers, b.qualifiers);
-}
-
-bool areEqual(const XMP_NodeOffspring& a, const XMP_NodeOffspring& b) {
+bool areAllEqual(const XMP_NodeOffspring& a, const XMP_NodeOffspring& b) {
   return std::equal(a.begin(), a.end(), b.begin(), b.end(),
-                    [](const XMP_Node* x, const XMP_Node* y) { return isEqual(*x, *y); });
+                    [](const XMP_Node* x, const XMP_Node* y) { return areEqual(*x, *y); });
 }
 
 // Of a node and what is in it; `path` is that of its parent, and so it is again afterwards.
@@ -57,6 +49,12 @@ void forEachBelow(const std::string& schemaUri, const XMP_Node& node, const std:
 }
 
 }  // namespace
+
+bool areEqual(const XMP_Node& a, const XMP_Node& b) {
+  constexpr XMP_OptionBits kForm = kXMP_PropCompositeMask | kXMP_PropValueIsURI;
+  return a.name == b.name && a.value == b.value && ((a.options ^ b.options) & kForm) == 0 &&
+         areAllEqual(a.children, b.children) && areAllEqual(a.qualifiers, b.qualifiers);
+}
 
 void swapTrees(Metadata& a, Metadata& b) {
   XMP_Node& first = insideOf(a).tree;
@@ -82,7 +80,7 @@ Metadata copyOf(const Metadata& metadata) {
 }
 
 bool haveEqualTrees(const Metadata& a, const Metadata& b) {
-  return isEqual(insideOf(a).tree, insideOf(b).tree);
+  return areEqual(insideOf(a).tree, insideOf(b).tree);
 }
 
 void forEachNode(const Metadata& metadata, const VisitNode& visit) {

@@ -7,7 +7,12 @@
 
 #include "core/toolkit/client.h"
 
+class XMP_Node;
+
 namespace xmpl {
+
+// Whether two nodes are the same, with all that is in them, in the same form and order.
+bool areEqual(const XMP_Node& a, const XMP_Node& b);
 
 void swapTrees(Metadata& a, Metadata& b);
 
