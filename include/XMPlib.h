@@ -167,9 +167,9 @@ class XMPLIB_API XMPlib {
   /// Get of one kind reads no inks of the other. Coverage counts as read where its ink is. What
   /// SetUsedDigitalJobRefs wrote is always listed: its Get does not find it. A list that has no Get
   /// (SetMetaDataDigFilms) is not looked at. Each layout of the external references is looked at by
-  /// itself: what stands in the old one alone is not listed when it can be read, though a
-  /// GetExtRefs that reads the current one and a SetExtRefs delete it. Takes time in step with the
-  /// packet's size.
+  /// itself, verbatim: what stands in the old one alone is not listed when it can be read, though a
+  /// GetExtRefs that reads the current one and a SetExtRefs delete it. What is lost by expanding a
+  /// run is in docs/limits.md. Takes time in step with the packet's size.
   bool GetUnreadItems(std::vector<XMPlUnreadItems>& unread) const;
   /// As above, with the inks of a digital film when `filmInks` is true.
   bool GetUnreadItems(std::vector<XMPlUnreadItems>& unread, bool filmInks) const;
@@ -412,15 +412,17 @@ class XMPLIB_API XMPlib {
   /// runs, and its single images too, have the rendition class of its first member in `refs`, and
   /// as `count` the number of their files. A number that comes twice begins a run anew. The
   /// extension is all behind the digits, with one "." at its front: "a_001.tif.gz" is not numbered.
-  /// Works on `refs` alone. Throws std::length_error for images whose runs would take twenty times
-  /// as much as the list, when they are stored: a very long rendition class and many gaps.
+  /// The files of a run with "*" in their extension do not come back from ExpandExtRefs under their
+  /// names. Works on `refs` alone. Throws std::length_error for images whose runs would take twenty
+  /// times as much as the list, when they are stored: a very long rendition class and many gaps.
   std::vector<XMPlExtRef> SimplifyExtRefs(const std::vector<XMPlExtRef>& refs) const;
   /// The list with compacted runs ("files:...", in any case of letters) expanded in their places,
   /// each file's name beginning with "file:". Works on `refs` alone. Throws std::logic_error, "bad
   /// extref", for a run without "*", "#" or, behind the last "#", "-". A number is the low 32 bits
-  /// of what strtoll reads: blanks, a sign and digits, as far as they go; 0 without digits. Throws
-  /// std::length_error for a list with runs that would be more than a packet may hold, were it
-  /// expanded and stored: 256 MiB, or some 480,000 files with short names.
+  /// of what strtoll reads: blanks, a sign and digits, as far as they go; 0 without digits. A run
+  /// whose last number is less than its first comes to no file. Throws std::length_error for a list
+  /// with runs that would be more than a packet may hold, were it expanded and stored: 256 MiB, or
+  /// some 480,000 files with short names.
   std::vector<XMPlExtRef> ExpandExtRefs(const std::vector<XMPlExtRef>& refs) const;
 
   /// The structural design (CAD) files. Only `instanceID` and `renditionClass` are stored; other
@@ -486,7 +488,7 @@ class XMPLIB_API XMPlib {
   ///     other.SetXML(packetText);  // other.ErrStr() is empty when it can
   ///
   /// Throws as the constructor does, and what ExpandExtRefs throws for the references of either
-  /// side, when the inks are merged already.
+  /// side and SimplifyExtRefs for the merged ones, when the inks are merged already.
   bool MergeXML(const std::string& packetText, bool inkFlag);
 
   /// Merges the packets of several digital films into one job on this handle. The first packet that
