@@ -188,16 +188,25 @@ class Words {
     return isAnyOf(element.name, {"rdf:Bag", "rdf:Seq", "rdf:Alt"});
   }
 
-  // An array or structure. With an rdf:value, it is what the first of these is, with qualifiers.
+  // What a description stands for, be it empty: a structure, or what its rdf:value is.
+  static bool isStructure(const XmlElement& description) {
+    if (description.has("rdf:value")) return false;
+    for (const XmlElement& child : description.children) {
+      if (child.name == "rdf:value") return isComposite(child);
+    }
+    return true;
+  }
+
+  // An array or structure.
   static bool isComposite(const XmlElement& value) {
-    bool hasFields = !value.children.empty();
-    for (const auto& [name, text] : value.attributes) hasFields |= !isSyntax(name);
-    if (!hasFields || value.has("rdf:value") || value.has("rdf:resource")) return false;
-    const auto isValue = [](const XmlElement& child) {
-      return isAnyOf(child.name, {"rdf:value", "rdf:Description"});
-    };
-    const auto first = std::find_if(value.children.begin(), value.children.end(), isValue);
-    return first == value.children.end() || isComposite(*first);
+    if (value.has("rdf:value") || value.has("rdf:resource")) return false;
+    if (value.has("rdf:parseType")) return isStructure(value);
+    for (const XmlElement& child : value.children) {
+      if (child.name == "rdf:Description") return isStructure(child);
+    }
+    return !value.children.empty() ||
+           std::any_of(value.attributes.begin(), value.attributes.end(),
+                       [](const auto& attribute) { return !isSyntax(attribute.first); });
   }
 
   // Repaired, an array keeps texts alone, the empty ones only in a language.
