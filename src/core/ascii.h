@@ -11,6 +11,7 @@ constexpr bool isDigit(char c) { return c >= '0' && c <= '9'; }
 constexpr char lowered(char c) {
   return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
 }
+constexpr bool isXmlBlank(char c) { return c == ' ' || c == '\n' || c == '\t' || c == '\r'; }
 constexpr bool isLetter(char c) { return lowered(c) >= 'a' && lowered(c) <= 'z'; }
 
 // Without regard to the case of letters.

@@ -65,7 +65,7 @@ Reading readingOf(xmpl::Metadata& metadata, const Read& read) {
 }
 
 inline Reading plainReading(const xmpl::PacketText& text, xmpl::Metadata& metadata) {
-  return readingOf(metadata, [&] { return xmpl::readPlain(text.view(), metadata); });
+  return readingOf(metadata, [&] { return xmpl::readPlain(text.document(), metadata); });
 }
 
 inline Reading toolkitReading(const xmpl::PacketText& text, xmpl::Metadata& metadata) {

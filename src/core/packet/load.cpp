@@ -19,7 +19,7 @@ void read(std::string_view packet, Metadata& metadata) {
   if (packet.size() > limits::kTextBytes) throw PacketRefused("more than 256 MiB of text");
   metadata.SetErrorCallback(refuseToRecover);
   const PacketText text(packet);
-  if (!readPlain(text.view(), metadata)) readByToolkit(text, metadata);
+  if (!readPlain(text.document(), metadata)) readByToolkit(text, metadata);
 }
 
 // Wholly or not at all.

@@ -117,7 +117,7 @@ void NamesInScope::resolve(ScopedName& name) {
   name.term = termOf(*name.prefix, local);
   name.stored = name.prefix->registered;
   name.stored.append(local);
-  name.guarded = guardedName(name.prefix->uri, local, name.prefix->guarded);
+  name.guarded = guardedName(name.prefix->uri, local, name.stored, name.prefix->guarded);
 }
 
 ScopedPrefix& NamesInScope::prefixNamed(std::string_view text) {
@@ -143,14 +143,14 @@ void NamesInScope::bind(ScopedPrefix& prefix, const std::string& uri) {
   const bool isReserved = prefix.text == "xmlns" || uri == "http://www.w3.org/2000/xmlns/";
   if (isReserved || uri.empty() || uri == kDublinCoreOfOldFlash) throw NotPlain();
   if (!prefix.uri.empty() || uris_.contains(uri)) throw NotPlain();
-  guard_.declare(prefix.text, uri);
+  prefix.guarded = guardedSchema(uri);
+  guard_.declare(prefix.text, uri, prefix.guarded);
   try {
     prefix.registered = registerDeclared(prefix.text, uri);
   } catch (const XMP_Error&) {
     throw NotPlain();
   }
   prefix.uri = uri;
-  prefix.guarded = guardedSchema(uri);
   prefix.hasAliases = hasAliases(prefix.registered);
   uris_.insert(prefix.uri);
 }

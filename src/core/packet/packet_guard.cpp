@@ -48,27 +48,27 @@ GuardedSchema guardedSchema(std::string_view uri) {
   return {own == nullptr && uri != kRdf && uri != kXml && uri != kPacket, own, 0};
 }
 
-GuardedName guardedName(std::string_view uri, std::string_view local, GuardedSchema& schema) {
+GuardedName guardedName(std::string_view uri, std::string_view local, std::string_view stored,
+                        GuardedSchema& schema) {
   const auto bytes = static_cast<std::uint32_t>(local.size());
   if (uri == kRdf) return {rdfRole(local), false, bytes, &schema};
   const bool isOldAbout = uri.empty() && (local == "about" || local == "ID");  // stands for rdf's
   const bool isLanguage = uri == kXml && local == "lang";
   if (isOldAbout || isLanguage) return {Role::syntax, false, bytes, &schema};
-  const bool isOwn = schema.own != nullptr &&
-                     isOwnProperty(std::string(schema.own->prefix) + ':' + std::string(local));
-  return {Role::other, isOwn, bytes, &schema};
+  return {Role::other, schema.own != nullptr && isOwnProperty(stored), bytes, &schema};
 }
 
 void PacketGuard::refuseDoctype() { throw PacketRefused("DOCTYPE is not allowed"); }
 
-void PacketGuard::declare(std::string_view prefix, std::string_view uri) {
+void PacketGuard::declare(std::string_view prefix, std::string_view uri,
+                          const GuardedSchema& schema) {
   if (prefix.size() > limits::kPrefixBytes) {
     throw PacketRefused("a namespace prefix of more than 64 bytes");
   }
   if (uri.size() > limits::kUriBytes) {
     throw PacketRefused("a namespace URI of more than 200 bytes");
   }
-  if (!guardedSchema(uri).isForeign || foreign_.contains(uri)) return;
+  if (!schema.isForeign || foreign_.contains(uri)) return;
   if (foreign_.size() == limits::kNamespaces) throw PacketRefused("more than 1,024 namespaces");
   foreign_.emplace(uri);
 }

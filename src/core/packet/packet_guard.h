@@ -44,7 +44,7 @@ class PacketGuard {
  public:
   // Each throws PacketRefused.
   [[noreturn]] static void refuseDoctype();
-  void declare(std::string_view prefix, std::string_view uri);
+  void declare(std::string_view prefix, std::string_view uri, const GuardedSchema& schema);
   void startElement(const GuardedName& name);
   void attribute(const GuardedName& name);  // of the element that was started last
   void endElement() {
@@ -71,7 +71,9 @@ class PacketGuard {
 };
 
 // Of a namespace's URI and a local name, as the XML parser decodes them.
-GuardedName guardedName(std::string_view uri, std::string_view local, GuardedSchema& schema);
 GuardedSchema guardedSchema(std::string_view uri);
+// `stored` is the name as nodes have it. It matters in the library's own schemas alone.
+GuardedName guardedName(std::string_view uri, std::string_view local, std::string_view stored,
+                        GuardedSchema& schema);
 
 }  // namespace xmpl

@@ -28,15 +28,19 @@ bool isEightBit(std::string_view text) {
 }
 
 // What must be looked at: references, other characters than ASCII's, and controls but for blanks.
-bool isOdd(unsigned char c) {
-  return c == '&' || c >= 0x7F || (c < 0x20 && c != '\n' && c != '\t' && c != '\r');
+bool isOdd(char c) {
+  const auto byte = static_cast<unsigned char>(c);
+  return c == '&' || byte >= 0x7F || (byte < ' ' && !isXmlBlank(c));
 }
 
-std::size_t charactersBeforeOdd(const Block& block) {
-  // One comparison for controls and all above ASCII; few blocks have any.
-  const auto suspicious = ((block - 0x20) >= 0x7F - 0x20) | (block == '&');
-  if (charactersBefore(suspicious) == kBlockBytes) return kBlockBytes;
-  return charactersBefore(suspicious & (block != '\n') & (block != '\t') & (block != '\r'));
+auto isBlank(const Block& block) {
+  return (block == ' ') | (block == '\n') | (block == '\t') | (block == '\r');
+}
+
+// One comparison for controls and all above ASCII: a DEL wraps round. Few blocks have any.
+auto maybeOdd(const Block& block) {
+  using Signed = signed char __attribute__((vector_size(kBlockBytes)));
+  return (reinterpret_cast<Signed>(block + 1) < ' ' + 1) | (block == '&');
 }
 
 // The bytes of the character that begins at `position`; 0 where none does.
@@ -52,23 +56,29 @@ std::size_t characterBytes(std::string_view text, std::size_t position) {
   return bytes;
 }
 
-// Whether the toolkit might make a blank of the reference.
+// Whether the toolkit might make a blank of the reference, other than those that are blanks.
 bool mayBeControl(std::string_view reference) {
   if (!reference.starts_with("&#x")) return false;
-  const std::size_t end = reference.substr(0, 6).find(';');
-  if (end == std::string_view::npos) return false;
-  const std::string_view digits = reference.substr(3, end - 3);
-  return digits != "A" && digits != "9" && digits != "D";
+  constexpr std::string_view kBlanks[] = {"A;", "9;", "D;"};
+  for (const std::string_view blank : kBlanks) {
+    if (reference.substr(3).starts_with(blank)) return false;
+  }
+  return reference.substr(3, 3).find(';') != std::string_view::npos;
 }
 
 // The end of the plain text that begins at `position`.
 std::size_t plainEnd(std::string_view text, std::size_t position) {
+  const char* const data = text.data();
   while (text.size() - position >= kBlockBytes) {
-    const std::size_t plain = charactersBeforeOdd(blockAt(text.data() + position));
-    position += plain;
-    if (plain < kBlockBytes) return position;
+    const Block block = blockAt(data + position);
+    const auto suspicious = maybeOdd(block);
+    if (Found(suspicious).any()) {
+      const Found odd(suspicious & ~isBlank(block));
+      if (odd.any()) return position + odd.before();
+    }
+    position += kBlockBytes;
   }
-  while (position < text.size() && !isOdd(byteAt(text, position))) ++position;
+  while (position < text.size() && !isOdd(text[position])) ++position;
   return position;
 }
 
@@ -83,6 +93,29 @@ bool needsRepair(std::string_view text) {
     position += bytes;
   }
   return false;
+}
+
+std::string_view withoutBlanksBehind(std::string_view text) {
+  std::size_t end = text.size();
+  const auto isBlankBefore = [&text](std::size_t position) {
+    return !Found(~isBlank(blockAt(text.data() + position - kBlockBytes))).any();
+  };
+  while (end >= kBlockBytes && isBlankBefore(end)) end -= kBlockBytes;
+  while (end > 0 && isXmlBlank(text[end - 1])) --end;
+  return text.substr(0, end);
+}
+
+// Behind a whole document, what is left out here is well formed and says nothing.
+std::string_view withoutPadding(std::string_view text) {
+  constexpr std::string_view kTrailers[] = {"<?xpacket end=\"w\"?>", "<?xpacket end='w'?>",
+                                            "<?xpacket end=\"r\"?>", "<?xpacket end='r'?>"};
+  text = withoutBlanksBehind(text);
+  for (const std::string_view trailer : kTrailers) {
+    if (!text.ends_with(trailer)) continue;
+    text.remove_suffix(trailer.size());
+    return withoutBlanksBehind(text);
+  }
+  return text;
 }
 
 // Takes what the toolkit would hand to its XML parser.
@@ -114,15 +147,18 @@ bool mayDeclare(std::string_view text) {
 
 }  // namespace
 
-PacketText::PacketText(std::string_view packet) : text_(packet) {
+PacketText::PacketText(std::string_view packet) : text_(packet), document_(packet) {
   if (mayDeclare(packet)) {
     const DeclaredEncoding encoding = declaredEncoding(packet);
     if (!encoding.isKnown) throw PacketRefused("the encoding " + encoding.name + " is not known");
     isAsDeclared_ = !encoding.name.empty() && !equalsAnyCase(encoding.name, "utf-8");
   }
-  if (isAsDeclared_ || !isEightBit(packet) || !needsRepair(packet)) return;
+  if (isAsDeclared_ || !isEightBit(packet)) return;
+  document_ = withoutPadding(packet);
+  if (!needsRepair(document_)) return;
   repaired_ = repairedByToolkit(packet);
   text_ = repaired_;
+  document_ = withoutPadding(text_);
 }
 
 }  // namespace xmpl

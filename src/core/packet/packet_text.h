@@ -15,12 +15,14 @@ class PacketText {
   explicit PacketText(std::string_view packet);
 
   std::string_view view() const { return text_; }
-  bool isAsDeclared() const {
-    return isAsDeclared_;
-  }  // its bytes are to be read by its declaration
+  // Without the blanks and the trailer that it ends with. If it is well formed, so is the whole.
+  std::string_view document() const { return document_; }
+  // Its bytes are to be read by its declaration.
+  bool isAsDeclared() const { return isAsDeclared_; }
 
  private:
   std::string_view text_;
+  std::string_view document_;
   std::string repaired_;
   bool isAsDeclared_ = false;
 };

@@ -2,87 +2,103 @@
 #include "core/packet/text_output.h"
 
 #include <algorithm>
-#include <utility>
-
-#include "core/packet/blocks.h"
+#include <array>
+#include <cstdint>
 
 namespace xmpl {
 namespace {
 
-// A load makes a blank of it, but not of a reference to it.
+// What a character becomes: most stay what they are.
+struct Written {
+  std::array<char, 7> text{};
+  std::uint8_t size = 0;
+};
+static_assert(sizeof(Written) == 8, "copied in one go");
+constexpr std::size_t kMostWritten = 6;  // bytes that one becomes
+
+constexpr Written written(std::string_view text) {
+  Written result;
+  std::copy(text.begin(), text.end(), result.text.begin());
+  result.size = static_cast<std::uint8_t>(text.size());
+  return result;
+}
+
 constexpr unsigned char kDelete = 0x7F;
 
-using Special = std::array<bool, 256>;
+using WrittenByPlace = std::array<Written, 256>;
 
-constexpr Special specialAre(std::string_view characters) {
-  Special special{};
-  for (std::size_t control = 0; control < 0x20; ++control) special[control] = true;
-  special[kDelete] = true;
-  for (const char c : characters) special[static_cast<unsigned char>(c)] = true;
-  return special;
+constexpr WrittenByPlace writtenWhere(bool isGreaterEscaped, bool isQuoteEscaped) {
+  WrittenByPlace table;
+  for (std::size_t c = 0; c < table.size(); ++c) {
+    const char character = static_cast<char>(c);
+    table[c] = written(c < 0x20 ? " " : std::string_view(&character, 1));  // as a Set stores it
+  }
+  table['\n'] = written("&#xA;");
+  table['\t'] = written("&#x9;");
+  table['\r'] = written("&#xD;");
+  table[kDelete] = written("&#127;");  // a load makes a blank of it, but not of a reference to it
+  table['&'] = written("&amp;");
+  table['<'] = written("&lt;");
+  if (isGreaterEscaped) table['>'] = written("&gt;");
+  if (isQuoteEscaped) table['"'] = written("&quot;");
+  return table;
 }
 
 template <Place kPlace>
-constexpr Special kSpecial = specialAre("&<>\"");
+constexpr WrittenByPlace kWritten = writtenWhere(true, true);
 template <>
-constexpr Special kSpecial<Place::element> = specialAre("&<>");
+constexpr WrittenByPlace kWritten<Place::element> = writtenWhere(true, false);
 // The toolkit writes '>' here as it is, and a load takes it.
 template <>
-constexpr Special kSpecial<Place::toolkitForgets> = specialAre("&<\"");
+constexpr WrittenByPlace kWritten<Place::toolkitForgets> = writtenWhere(false, true);
 
-constexpr std::size_t kMostEscaped = 6;  // bytes that one becomes
+// What may not stay what it is: that and some signs that are rare in texts. Each comparison is for
+// characters that differ in the bits that are set or turned: controls with 0x21 to 0x27, which
+// turned stand below the blank, and "<=>?" with "|}~" and DEL.
+auto mayChange(const Block& block) { return ((block ^ 0x07) < 0x27) | ((block | 0x43) == kDelete); }
 
-// What is escaped somewhere. The last two comparisons are each for two characters that differ in
-// one bit.
-auto specialIn(const Block& block) {
-  static_assert(('&' | 0x04) == ('"' | 0x04) && ('<' | 0x02) == ('>' | 0x02));
-  return (block < 0x20) | (block == kDelete) | ((block | 0x04) == '&') | ((block | 0x02) == '>');
-}
+// How far a text has come.
+struct Progress {
+  const char* from;
+  const char* end;
+  char* to;
 
-struct Escape {
-  std::array<char, kMostEscaped + 2> text;  // so long that it is copied in one go
-  std::size_t size;
+  std::size_t left() const { return static_cast<std::size_t>(end - from); }
+  void advance(std::size_t characters) {
+    from += characters;
+    to += characters;
+  }
 };
 
-constexpr Escape kBlank{{' '}, 1};  // as a Set stores what XML cannot hold
-
-const Escape& escapeOf(char c) {
-  static constexpr std::pair<char, Escape> kEscapes[] = {
-      {'\n', {{'&', '#', 'x', 'A', ';'}, 5}},
-      {'&', {{'&', 'a', 'm', 'p', ';'}, 5}},
-      {'<', {{'&', 'l', 't', ';'}, 4}},
-      {'>', {{'&', 'g', 't', ';'}, 4}},
-      {'"', {{'&', 'q', 'u', 'o', 't', ';'}, 6}},
-      {'\t', {{'&', '#', 'x', '9', ';'}, 5}},
-      {'\r', {{'&', '#', 'x', 'D', ';'}, 5}},
-      {char{kDelete}, {{'&', '#', '1', '2', '7', ';'}, 6}},
-  };
-  for (const auto& [character, escape] : kEscapes) {
-    if (character == c) return escape;
-  }
-  return kBlank;
+Found copyBlock(const Block& block, char* to) {
+  std::memcpy(to, &block, kBlockBytes);
+  return Found(mayChange(block));
 }
 
-// Writes to `to` what `text` becomes; answers its end. May write kBlockBytes more.
-char* escapeTo(char* to, std::string_view text, const Special& special) {
-  const char* from = text.data();
-  const char* const end = from + text.size();
-  while (from != end) {
-    if (static_cast<std::size_t>(end - from) >= kBlockBytes) {
-      const Block block = blockAt(from);
-      std::memcpy(to, &block, kBlockBytes);
-      const std::size_t plain = charactersBefore(specialIn(block));
-      from += plain;
-      to += plain;
-      if (plain == kBlockBytes) continue;
-    }
-    while (from != end && !special[static_cast<unsigned char>(*from)]) *to++ = *from++;
-    if (from == end) break;
-    const Escape& escape = escapeOf(*from++);
-    std::memcpy(to, escape.text.data(), escape.text.size());
-    to += escape.size;
+// Goes over as many characters as have been copied, or to what is found among them and over that.
+inline void goOn(Progress& at, std::size_t copied, const Found& found,
+                 const WrittenByPlace& table) {
+  if (!found.any()) return at.advance(copied);
+  at.advance(found.before());
+  const Written& written = table[static_cast<unsigned char>(*at.from++)];
+  std::memcpy(at.to, &written, sizeof written);
+  at.to += written.size;
+}
+
+// Writes what becomes of some characters, of less than a block more, or of all that are left. May
+// write kBlockBytes behind it.
+void writePiece(Progress& progress, std::size_t characters, const WrittenByPlace& table) {
+  Progress at = progress;
+  const char* const until = at.from + characters;
+  const char* const wholeUntil =
+      at.left() < kBlockBytes ? at.from : std::min(until, at.end - kBlockBytes + 1);
+  while (at.from < wholeUntil) {
+    goOn(at, kBlockBytes, copyBlock(blockAt(at.from), at.to), table);
   }
-  return to;
+  while (at.from < until) {
+    goOn(at, at.left(), copyBlock(blockAt(at.from, at.left()), at.to), table);
+  }
+  progress = at;
 }
 
 }  // namespace
@@ -95,13 +111,23 @@ void TextOutput::flush() {
 
 template <Place kPlace>
 void TextOutput::escape(std::string_view text) {
-  constexpr std::size_t kPiece = 256;
-  for (; text.size() > kPiece; text.remove_prefix(kPiece)) {
-    room(kPiece * kMostEscaped);
-    at_ = escapeTo(at_, text.substr(0, kPiece), kSpecial<kPlace>);
+  if (text.size() < kBlockBytes) {  // most are, and stay what they are
+    room(kBlockBytes);
+    if (!copyBlock(blockAt(text.data(), text.size()), at_).any()) {
+      at_ += text.size();
+      return;
+    }
   }
-  room(kPiece * kMostEscaped);
-  at_ = escapeTo(at_, text, kSpecial<kPlace>);
+  constexpr std::size_t kPiece = 480;
+  static_assert((kPiece + kBlockBytes) * kMostWritten + kRoom <= sizeof buffer_);
+  Progress progress{text.data(), text.data() + text.size(), nullptr};
+  do {
+    const std::size_t piece = std::min(kPiece, progress.left());
+    room((piece + kBlockBytes) * kMostWritten);
+    progress.to = at_;
+    writePiece(progress, piece, kWritten<kPlace>);
+    at_ = progress.to;
+  } while (progress.left() > 0);
 }
 
 template void TextOutput::escape<Place::element>(std::string_view);

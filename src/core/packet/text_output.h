@@ -10,6 +10,8 @@
 #include <string>
 #include <string_view>
 
+#include "core/packet/blocks.h"
+
 namespace xmpl {
 
 // Where a text stands decides what is escaped in it.
@@ -66,29 +68,20 @@ class TextOutput {
     if (static_cast<std::size_t>(buffer_.data() + buffer_.size() - at_) < more + kRoom) flush();
   }
 
-  // Most pieces are short: two moves that overlap are less than a call.
+  // Most pieces are short.
   void copy(const char* from, std::size_t size) {
-    if (size > 32) {
+    if (size > 2 * kBlockBytes) {
       std::memcpy(at_, from, size);
-    } else if (size >= 16) {
-      copyEnds<16>(from, size);
-    } else if (size >= 8) {
-      copyEnds<8>(from, size);
-    } else if (size >= 4) {
-      copyEnds<4>(from, size);
+    } else if (size >= kBlockBytes) {
+      copyEnds<kBlockBytes>(at_, from, size);
     } else {
-      for (std::size_t i = 0; i < size; ++i) at_[i] = from[i];
+      copyShort(at_, from, size);
     }
-  }
-  template <std::size_t kBytes>
-  void copyEnds(const char* from, std::size_t size) {
-    std::memcpy(at_, from, kBytes);
-    std::memcpy(at_ + size - kBytes, from + size - kBytes, kBytes);
   }
 
   std::string& text_;
   Limit limit_;
-  std::array<char, 3584> buffer_;
+  std::array<char, 4096> buffer_;
   char* at_ = buffer_.data();
 };
 

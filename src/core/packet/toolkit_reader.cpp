@@ -24,7 +24,7 @@ class ToolkitEvents final : public ParseObserver {
  public:
   void declare(const char* prefix, const char* uri) override {
     const std::string text = prefix == nullptr ? "_dflt_" : prefix;  // as the toolkit calls it
-    guard_.declare(text, uri);
+    guard_.declare(text, uri, schemaOf(uri));
     if (std::string_view(uri) == "http://purl.org/dc/1.1/") return;  // the toolkit mends it
     registerDeclared(text, uri);
   }
@@ -43,10 +43,14 @@ class ToolkitEvents final : public ParseObserver {
     const std::size_t separator = name.rfind('@');
     const bool hasUri = separator != std::string_view::npos;
     const std::string_view uri = hasUri ? name.substr(0, separator) : "";
-    return guardedName(uri, name.substr(hasUri ? separator + 1 : 0), schema(uri));
+    const std::string_view local = name.substr(hasUri ? separator + 1 : 0);
+    GuardedSchema& schema = schemaOf(uri);
+    if (schema.own == nullptr) return guardedName(uri, local, {}, schema);
+    stored_.assign(schema.own->prefix).append(1, ':').append(local);
+    return guardedName(uri, local, stored_, schema);
   }
 
-  GuardedSchema& schema(std::string_view uri) {
+  GuardedSchema& schemaOf(std::string_view uri) {
     const auto known = schemas_.find(uri);
     if (known != schemas_.end()) return known->second;
     return schemas_.emplace(uri, guardedSchema(uri)).first->second;
@@ -54,6 +58,7 @@ class ToolkitEvents final : public ParseObserver {
 
   PacketGuard guard_;
   std::map<std::string, GuardedSchema, std::less<>> schemas_;
+  std::string stored_;
 };
 
 // One parse of this thread, under the observer's eyes.

@@ -6,6 +6,7 @@
 #include <new>
 
 #include "core/namespaces.h"
+#include "core/packet/blocks.h"
 #include "core/packet/limits.h"
 
 namespace xmpl {
@@ -31,6 +32,13 @@ constexpr std::array<unsigned char, 256> kKinds = [] {
 }();
 
 unsigned kindOf(char c) { return kKinds[static_cast<unsigned char>(c)]; }
+
+// As most names are.
+bool isShortAndLetters(std::string_view name) {
+  if (name.empty() || name.size() >= kBlockBytes) return false;
+  const Block folded = blockAt(name.data(), name.size()) | 0x20;
+  return Found((folded - 'a') > 'z' - 'a').before() == name.size();  // where the blanks begin
+}
 
 // Names of rdf that are no properties and fields to a load: it would take "value" for the value of
 // the whole structure, and the other fields for qualifiers.
@@ -90,6 +98,7 @@ bool UsedNames::insertPrefix(std::string_view prefix) {
 
 // A prefix or a local name.
 void UsedNames::checkName(std::string_view name, std::size_t limit) {
+  if (isShortAndLetters(name)) return;
   if (name.size() > limit) refuseToWrite("Packet not written: a name that is too long");
   if (name.empty() || kindOf(name[0]) == kNotFirst) refuseName();
   unsigned kinds = 0;

@@ -107,6 +107,45 @@ TEST_F(PlainReader, AgreesOnTellingNamesAtEveryPlace) {
   }
 }
 
+// The plain reader does not see the padding.
+TEST_F(PlainReader, AgreesOnWhateverStandsBehindThePacket) {
+  const std::string begin = packet("<vxGr:nrpages>3</vxGr:nrpages>");
+  const std::string padding = std::string(100, ' ') + "\r\n\t" + std::string(20, ' ');
+  const std::string trailer = "<?xpacket end='w'?>";
+  const std::string plain[] = {
+      "",
+      padding,
+      trailer,
+      padding + "<?xpacket end=\"r\"?>",
+      padding + trailer + padding,
+      padding + trailer + trailer,
+      "<?xpacket end='x'?>",
+      "<!-- " + trailer + " -->" + trailer,
+  };
+  for (const std::string& behind : plain) {
+    const Readings readings(begin + behind);
+    EXPECT_EQ(readings.plain.end, End::read) << behind;
+    EXPECT_TRUE(readings.agree()) << behind << readings;
+  }
+  const std::string others[] = {
+      "x",
+      padding + "x" + trailer,
+      padding + "\x01" + trailer,
+      trailer + '\0',
+      "<a" + trailer,
+      "<a>" + padding + trailer,
+      "<!--" + trailer,
+      "<![CDATA[" + trailer,
+      "</a>" + trailer,
+      padding + "\xC3" + trailer,
+  };
+  for (const std::string& behind : others) {
+    const Readings readings(begin + behind);
+    EXPECT_TRUE(readings.agree()) << behind << readings;
+  }
+  EXPECT_EQ(xmpl::PacketText(begin + padding + trailer + padding).document(), begin);
+}
+
 // Where namespaces are heeded, names are not what they are without.
 TEST_F(PlainReader, LeavesNamesThatNamespacesForbidToTheToolkit) {
   const char* const kProperties[] = {

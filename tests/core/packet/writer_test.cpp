@@ -95,6 +95,27 @@ TEST(Writer, WritesEveryPacketOfTheSamplesAsTheToolkitDoes) {
   EXPECT_GE(packets, 16U);
 }
 
+// In texts and attributes; in blocks of any position and length, and where long texts are split.
+TEST(Writer, EscapesEachCharacterAsTheToolkitDoes) {
+  const XMPlib started;
+  Tree tree;
+  XMP_Node& array = tree.property("dc:s", "", kXMP_PropValueIsArray);
+  const auto addItem = [&](std::size_t before, char c, std::size_t after) {
+    const std::string text = std::string(before, 'x') + c + std::string(after, 'x');
+    add(array.children, array, "[]", 0, text);
+    add(array.children, array, "[]", kXMP_PropValueIsURI, text);
+  };
+  for (int c = 0x20; c < 0x7F; ++c) {
+    for (std::size_t before = 0; before < 33; ++before) {
+      for (const std::size_t after : {0U, 1U, 15U, 33U}) addItem(before, static_cast<char>(c), after);
+    }
+  }
+  for (const char c : {'\n', '\t', '\r', '&', '=', '\xE4'}) {
+    for (std::size_t before = 470; before < 500; ++before) addItem(before, c, 600);
+  }
+  EXPECT_EQ(written(tree.metadata), writtenByToolkit(tree.metadata));
+}
+
 TEST(Writer, EscapesWhatTheToolkitForgets) {
   const FromText xmp(described("<w:a xmlns:w='http://writer.example/?a&amp;b'>1</w:a>",
                                "rdf:about='x?a&amp;b\"&gt;&#9;'"));
