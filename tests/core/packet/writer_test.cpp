@@ -107,7 +107,8 @@ TEST(Writer, EscapesEachCharacterAsTheToolkitDoes) {
   };
   for (int c = 0x20; c < 0x7F; ++c) {
     for (std::size_t before = 0; before < 33; ++before) {
-      for (const std::size_t after : {0U, 1U, 15U, 33U}) addItem(before, static_cast<char>(c), after);
+      for (const std::size_t after : {0U, 1U, 15U, 33U})
+        addItem(before, static_cast<char>(c), after);
     }
   }
   for (const char c : {'\n', '\t', '\r', '&', '=', '\xE4'}) {
