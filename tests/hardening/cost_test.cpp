@@ -24,6 +24,16 @@ double secondsFor(const Operation& operation, const std::string& text) {
 
 }  // namespace
 
+// So many that moving what stands behind each would show.
+TEST(Cost, OfRepairedLanguagesIsInStepWithTheirNumber) {
+  constexpr std::size_t kBytes = 4'000'000;
+  const auto load = [](XMPlib& xmp, const std::string& text) { xmp.SetXML(text); };
+  const std::string title = "<dc:title><rdf:Bag>" +
+                            repeated("<rdf:li/><rdf:li>a</rdf:li>", kBytes) +
+                            "</rdf:Bag></dc:title>";
+  EXPECT_LT(secondsFor(load, described(title)) / secondsFor(load, plainList(kBytes)), 15);
+}
+
 // What is out of all proportion; the benchmark counts instructions, and has a tighter goal.
 TEST(Cost, OfOddPacketsIsInStepWithTheText) {
   constexpr std::size_t kBytes = 300'000;

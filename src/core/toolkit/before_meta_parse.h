@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 // Included into the toolkit's XMPMeta-Parse.cpp alone, before all else: aliases are mended between
-// the reading of the RDF and the toolkit's own moving of them, and a copyright that cannot be moved
-// is let alone.
+// the reading of the RDF and the toolkit's own moving of them, a copyright that cannot be moved is
+// let alone, and arrays become language alternatives in step with their size.
 #pragma once
 
 #include <cstring>
@@ -12,12 +12,19 @@
 #include "XMPCore/source/XMPMeta.hpp"
 
 #include "core/toolkit/alias_mend.h"
+#include "core/toolkit/alt_text_mend.h"
 #include "core/toolkit/copyright_mend.h"
 
 // The toolkit's, further down in that file.
 static void RepairAltText(XMP_Node& tree, XMP_StringPtr schema, XMP_StringPtr array);
 
 namespace xmpl {
+
+// The toolkit begins to touch up with this schema. Before that, items still stand for aliases.
+inline XMP_Node* findSchemaToTouchUp(XMP_Node* tree, XMP_StringPtr uri, bool create) {
+  if (!create && std::strcmp(uri, kXMP_NS_EXIF) == 0) mendAltTexts(*tree);
+  return FindSchemaNode(tree, uri, create);
+}
 
 inline XMP_Node* findChildToTouchUp(XMP_Node* schema, XMP_StringPtr name, bool create) {
   XMP_Node* const found = FindChildNode(schema, name, create);
@@ -30,5 +37,6 @@ inline XMP_Node* findChildToTouchUp(XMP_Node* schema, XMP_StringPtr name, bool c
 
 }  // namespace xmpl
 
+#define FindSchemaNode xmpl::findSchemaToTouchUp
 #define FindChildNode xmpl::findChildToTouchUp
 #define ProcessRDF(root, options) ProcessRDF(root, options), xmpl::mendAliases(this->tree)
