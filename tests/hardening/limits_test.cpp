@@ -54,8 +54,8 @@ TEST(Limits, APacketAtALimitLoadsAndOneOverItIsRefused) {
        "more than 2,048 qualifiers of one value"},
       {namespaces(1024), namespaces(1025), "more than 1,024 namespaces"},
       {named(256), named(257), "a name of more than 256 bytes"},
-      {declared(64, 200), declared(65, 200), "a namespace prefix of more than 64 bytes"},
-      {declared(64, 200), declared(64, 201), "a namespace URI of more than 200 bytes"},
+      {declared(64, 128), declared(65, 128), "a namespace prefix of more than 64 bytes"},
+      {declared(64, 128), declared(64, 129), "a namespace URI of more than 128 bytes"},
   };
   for (const auto& row : rows) {
     for (const auto& wrap : {plainly, oddly}) {  // the way that a packet takes makes no difference

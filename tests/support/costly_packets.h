@@ -27,7 +27,7 @@ inline std::vector<CostlyPacket> costlyPackets(std::size_t bytes) {
     return "<rdf:li rdf:parseType='Resource'>" + content + "</rdf:li>";
   };
   const auto namespaces = numbered(bytes / 300, [](const std::string& i) {
-    return "<rdf:li xmlns:n='http://attack.example/" + std::string(150, 'u') + i + "'/>";
+    return "<rdf:li xmlns:n='http://attack.example/" + std::string(100, 'u') + i + "'/>";
   });
   // Each field that the outer structure gets has been one of an inner structure before.
   const auto alternating = [](std::size_t count) {
@@ -76,10 +76,15 @@ inline std::vector<CostlyPacket> costlyPackets(std::size_t bytes) {
   for (int i = 0; i < 110; ++i) {
     buried = "<" + longName + " rdf:parseType='Resource'>" + buried + "</" + longName + ">";
   }
-  // The toolkit keeps the URI of each.
-  const std::string attributes =
-      "<rdf:li" + numbered(50, [](const std::string& i) { return " z:a" + i + "=''"; }) + "/>";
-  const std::string longUri = "rdf:about='' xmlns:z='u:" + std::string(190, 'z') + "'";
+  // The parser looks through the URI of each, and the toolkit keeps it.
+  std::string attributes;
+  for (char letter = 'a'; letter <= 'z'; ++letter) {
+    for (const char c : {letter, static_cast<char>(letter - 'a' + 'A')}) {
+      attributes.append(" z:").append(1, c).append("=''");
+    }
+  }
+  const std::string longUris = bagOf(repeated("<rdf:li" + attributes + "/>", bytes));
+  const std::string longUri = "rdf:about='' xmlns:z='u:" + std::string(126, 'z') + "'";
   const std::string most = fields(2000), value = "<rdf:value>v</rdf:value>";
   return {
       {"structures", described(bagOf(repeated(structure(most), bytes)))},
@@ -95,8 +100,8 @@ inline std::vector<CostlyPacket> costlyPackets(std::size_t bytes) {
       {"distinct_names_not_plain", described(kNotPlain + bagOf(names))},
       {"alike_prefixes", described(bagOf(prefixes))},
       {"long_paths", described(buried)},
-      {"long_uri", described(bagOf(repeated(attributes, bytes)), longUri)},
-      {"long_uri_not_plain", described(kNotPlain + bagOf(repeated(attributes, bytes)), longUri)},
+      {"long_uri", described(longUris, longUri)},
+      {"long_uri_not_plain", described(kNotPlain + longUris, longUri)},
       {"values", described(structure(repeated("<rdf:value/>", bytes)))},
       {"line_ends", described(kNotPlain + "<atk:p>" + std::string(bytes, '\n') + "</atk:p>")},
       {"controls", described("<atk:p atk:q='" + std::string(bytes, '\x01') + "'/>")},

@@ -15,7 +15,7 @@ inline constexpr std::size_t kTextBytes = std::size_t{256} << 20;
 // Names come again in every node, many times what stands for them in the packet.
 inline constexpr std::size_t kPrefixBytes = 64;
 inline constexpr std::size_t kLocalNameBytes = 256;
-inline constexpr std::size_t kUriBytes = 200;
+inline constexpr std::size_t kUriBytes = 128;
 
 // Of namespaces that are not in the library's table. The toolkit keeps every one until the process
 // ends.

@@ -66,7 +66,7 @@ void PacketGuard::declare(std::string_view prefix, std::string_view uri,
     throw PacketRefused("a namespace prefix of more than 64 bytes");
   }
   if (uri.size() > limits::kUriBytes) {
-    throw PacketRefused("a namespace URI of more than 200 bytes");
+    throw PacketRefused("a namespace URI of more than 128 bytes");
   }
   if (!schema.isForeign || foreign_.contains(uri)) return;
   if (foreign_.size() == limits::kNamespaces) throw PacketRefused("more than 1,024 namespaces");

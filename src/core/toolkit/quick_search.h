@@ -15,7 +15,7 @@ namespace xmpl {
 // Tables of what a parse has met so far. Nodes are only ever added, at the end, while it looks.
 class QuickSearch {
  public:
-  static constexpr std::size_t kMany = 32;
+  static constexpr std::size_t kMany = 12;
 
   // Of the parse in this thread; null: the toolkit's own will do.
   static QuickSearch*& current() {

@@ -99,7 +99,7 @@ constexpr Limit kLimits[] = {
     {"namespaces", 1024, &Extent::namespaces},
     {"bytes of a prefix", 64, &Extent::prefix},
     {"bytes of a name", 256, &Extent::localName},
-    {"bytes of a namespace URI", 200, &Extent::uri},
+    {"bytes of a namespace URI", 128, &Extent::uri},
 };
 
 void checkLimits(const Subject& subject, Findings& found) {
