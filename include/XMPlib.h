@@ -45,8 +45,8 @@ class TXMPMeta;  // the XMP Toolkit's metadata object
 ///   gone as after a Set. A record that storing alters (see below) is new at every merge.
 /// - Where a text is read, an array or structure counts as an empty one.
 ///
-/// Texts are UTF-8 and stored unchanged, but for what XML cannot hold: control characters other
-/// than tab, line feed and carriage return become blanks, and a NUL ends the text. Text that is not
+/// Texts are UTF-8 and stored unchanged, but for ASCII's control characters: those other than tab,
+/// line feed and carriage return become blanks, and a NUL ends the text. Text that is not
 /// UTF-8, U+FFFE and U+FFFF are a toolkit error. Reals are stored with at most 10 significant
 /// digits and without exponent; [docs/format.md](docs/format.md) has the rule. The process locale
 /// takes no part in any of this. Prefixes of namespaces that are not the library's own are the
@@ -152,8 +152,9 @@ class XMPLIB_API XMPlib {
   /// toolkit error (XMP_Error) passes to the caller. So does one of this library's, with nothing
   /// changed, for what could not be loaded again as it is: a name that XML does not allow, a path
   /// or a number of properties over a limit of docs/limits.md, a qualifier that RDF gives a
-  /// meaning. Where a load would change what is written as docs/limits.md says, but keep the text,
-  /// it may pass: as dc:title for example. Without a metadata object, nothing is done.
+  /// meaning; and where it has to try that, for metadata of more than 256 MiB. Where a load would
+  /// change what is written as docs/limits.md says, but keep the text, it may pass: as dc:title for
+  /// example. Without a metadata object, nothing is done.
   void SetProperty_Float(const char* schemaNS, const char* propName, double value);
   /// @}
 
