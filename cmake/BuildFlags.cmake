@@ -16,6 +16,7 @@ endif()
 add_library(vxxmplib_warnings INTERFACE)
 target_compile_options(vxxmplib_warnings INTERFACE
   -Wall -Wextra -Wpedantic -Wconversion -Wshadow
+  -Wsign-conversion  # for GCC: clang counts it to the conversions
   $<$<BOOL:${VXXMPLIB_WARNINGS_AS_ERRORS}>:-Werror>
   # GCC 12 sees overlapping copies in every "literal" + std::string (its bug 105651).
   $<$<CXX_COMPILER_ID:GNU>:-Wno-restrict>)
