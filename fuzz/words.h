@@ -211,8 +211,11 @@ class Words {
 
   // Repaired, an array keeps texts alone, the empty ones only in a language.
   static bool isDropped(const XmlElement& item) {
-    const bool isEmpty = item.text.empty() && item.attributes.empty() && item.children.empty();
-    return isComposite(item) || isEmpty || (isEmptyText(item) && language(item).empty());
+    if (isComposite(item)) return true;
+    const bool hasValue = item.has("rdf:value") || !item.text.empty() || !item.children.empty();
+    const bool isEmpty =
+        !hasValue && (!item.has("rdf:resource") || item.attributes.at("rdf:resource").empty());
+    return (isEmpty || isEmptyText(item)) && language(item).empty();
   }
 
   // Of the default and one other item, the other's text is lost.
