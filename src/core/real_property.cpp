@@ -62,5 +62,5 @@ void XMPlib::SetProperty_Float(const char* schemaNS, const char* propName, doubl
   }
   xmpl::Draft draft(*meta);
   draft.metadata().SetProperty(schemaNS, propName, text);
-  draft.commitIfLoadable(schemaNS, propName);
+  draft.commitIfLoadable(schemaNS, propName, text);
 }

@@ -107,8 +107,7 @@ void Draft::commit() {
   swapTrees(original_, copy_);
 }
 
-void Draft::commitIfLoadable(const char* schema, const char* path) {
-  const std::string text = valueIn(copy_, schema, path).value_or("");
+void Draft::commitIfLoadable(const char* schema, const char* path, std::string_view text) {
   const Trip after(copy_);
   if (!after.loss().empty() || after.timesLost(text) > 0) {
     const Trip before(original_);

@@ -2,6 +2,8 @@
 // Changes that may not be fit to be saved.
 #pragma once
 
+#include <string_view>
+
 #include "core/toolkit/client.h"
 #include "core/toolkit/whole_trees.h"
 
@@ -19,7 +21,7 @@ class Draft {
   void commit();
   // As above, also when what was saved could not be loaded, or would not be loaded as it is: for
   // names that nobody has judged. The change is the text at that path.
-  void commitIfLoadable(const char* schema, const char* path);
+  void commitIfLoadable(const char* schema, const char* path, std::string_view text);
 
  private:
   Metadata& original_;
