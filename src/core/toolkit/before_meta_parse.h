@@ -20,9 +20,10 @@ static void RepairAltText(XMP_Node& tree, XMP_StringPtr schema, XMP_StringPtr ar
 
 namespace xmpl {
 
-// The toolkit begins to touch up with this schema. Before that, items still stand for aliases.
+// The toolkit looks for this schema once, when the aliases have been moved and before it touches up
+// any language alternative.
 inline XMP_Node* findSchemaToTouchUp(XMP_Node* tree, XMP_StringPtr uri, bool create) {
-  if (!create && std::strcmp(uri, kXMP_NS_EXIF) == 0) mendAltTexts(*tree);
+  if (!create && std::strcmp(uri, kXMP_NS_DM) == 0) mendAltTexts(*tree);
   return FindSchemaNode(tree, uri, create);
 }
 
